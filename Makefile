@@ -1,0 +1,55 @@
+# Two commands do everything on a fresh machine:
+#   make run    build, then analyse the sample strategy under examples/ and print its listing
+#   make test   build and run every test, once optimised and once under ASan + UBSan
+JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
+BUILD    ?= build
+ASAN     ?= build-asan
+CMAKE_GEN = cmake -S . -DCMAKE_BUILD_TYPE=Release
+PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make
+FUZZ_SECONDS ?= 60
+
+.PHONY: all deps build build-asan run test test-release test-asan bench fuzz clean
+
+all: build
+
+deps:
+	@missing=""; \
+	for p in $(PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
+	if [ -n "$$missing" ]; then \
+	  echo "installing:$$missing"; \
+	  SUDO=$$( [ "$$(id -u)" = 0 ] || echo sudo ); \
+	  $$SUDO apt-get update -qq && DEBIAN_FRONTEND=noninteractive $$SUDO apt-get install -y -qq $$missing; \
+	fi
+
+build: deps
+	$(CMAKE_GEN) -B $(BUILD) >/dev/null
+	cmake --build $(BUILD) -j $(JOBS)
+
+build-asan: deps
+	$(CMAKE_GEN) -B $(ASAN) -DSTRATAGEM_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+	cmake --build $(ASAN) -j $(JOBS)
+
+run: build
+	@$(BUILD)/stratagem --name "Sample" examples/main.per
+
+test-release: build
+	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
+
+test-asan: build-asan
+	cd $(ASAN) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest -j $(JOBS) --output-on-failure
+
+test: test-release test-asan
+
+bench: deps
+	$(CMAKE_GEN) -B build-bench -DSTRATAGEM_BENCH=ON -DSTRATAGEM_TESTS=OFF >/dev/null
+	cmake --build build-bench -j $(JOBS)
+	build-bench/bench/stratagem_bench
+
+fuzz: deps
+	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DSTRATAGEM_FUZZ=ON -DSTRATAGEM_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+	cmake --build build-fuzz -j $(JOBS) --target stratagem_fuzz
+	mkdir -p fuzz-corpus
+	build-fuzz/fuzz/stratagem_fuzz -max_total_time=$(FUZZ_SECONDS) -detect_leaks=1 fuzz-corpus fuzz/seeds
+
+clean:
+	rm -rf $(BUILD) $(ASAN) build-bench build-fuzz

@@ -1,0 +1,31 @@
+// AI_CObject: the root of every script object, and the shared indentation
+// routine of the listing writers.
+#ifndef STRATAGEM_OBJECTS_AI_COBJECT_H
+#define STRATAGEM_OBJECTS_AI_COBJECT_H
+
+#include <iosfwd>
+
+#include "../platform/afx.h"
+
+class STRATAGEM_API AI_CObject : public CObject
+{
+    DECLARE_DYNCREATE(AI_CObject)
+
+public:
+    AI_CObject();
+    virtual ~AI_CObject();
+
+    // One-line text naming the object; "object" for a bare object.
+    virtual CString GetDescription();
+    // The same for a read-only object: a description changes nothing.
+    CString GetDescription() const { return const_cast<AI_CObject *>(this)->GetDescription(); }
+    // Appends the direct children (never clears the list, never recurses).
+    virtual void GetObjects(CTypedPtrList<CObList, AI_CObject *> &) const;
+    // Writes the object's listing at the given indentation level.
+    virtual void PrettyPrint(std::ostream &, int) const;
+
+    // Writes one tab per level; nothing for a level of 0 or less.
+    void Offset(std::ostream &, int) const;
+};
+
+#endif

@@ -1,0 +1,106 @@
+#include "CException.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+IMPLEMENT_DYNAMIC(CException, CObject)
+IMPLEMENT_DYNAMIC(CMemoryException, CException)
+IMPLEMENT_DYNAMIC(CFileException, CException)
+
+CException::~CException() = default;
+
+BOOL CException::CopyMessage(CString const &message, LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)
+{
+    if (pnHelpContext)
+        *pnHelpContext = 0;
+    if (!lpszError || nMaxError == 0)
+        return FALSE;
+    std::strncpy(lpszError, message, nMaxError);
+    lpszError[nMaxError - 1] = '\0';
+    return TRUE;
+}
+
+BOOL CException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)
+{
+    if (pnHelpContext)
+        *pnHelpContext = 0;
+    if (lpszError && nMaxError)
+        *lpszError = '\0';
+    return FALSE;
+}
+
+int CException::ReportError(UINT, UINT)
+{
+    char message[512];
+    if (!GetErrorMessage(message, sizeof message))
+        std::strcpy(message, "No error message is available.");
+    std::fprintf(stderr, "%s\n", message);
+    return 0;
+}
+
+void CException::Delete()
+{
+    delete this;
+}
+
+BOOL CMemoryException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)
+{
+    return CopyMessage("Out of memory.", lpszError, nMaxError, pnHelpContext);
+}
+
+CFileException::CFileException(int cause, LONG lOsError, LPCTSTR lpszFileName)
+    : m_cause(cause), m_lOsError(lOsError), m_strFileName(lpszFileName)
+{
+}
+
+int CFileException::ErrnoToException(int nErrno)
+{
+    static struct { int nErrno; int cause; } const table[] = {
+        {EPERM, accessDenied},        {EACCES, accessDenied},   {EISDIR, accessDenied},
+        {EBADF, invalidFile},         {EDEADLK, sharingViolation},
+        {EMFILE, tooManyOpenFiles},   {ENOENT, fileNotFound},   {ENFILE, fileNotFound},
+        {ENOTDIR, badPath},           {ENAMETOOLONG, badPath},  {ENOSPC, diskFull},
+        {EINVAL, hardIO},             {EIO, hardIO},
+    };
+    for (auto const &row : table)
+        if (row.nErrno == nErrno)
+            return row.cause;
+    return genericException;
+}
+
+BOOL CFileException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)
+{
+    static char const *const reasons[] = {
+        "no error occurred.",
+        "an unknown error occurred while accessing the file.",
+        "the file was not found.",
+        "the path is invalid.",
+        "the file could not be opened because there are too many open files.",
+        "access to the file was denied.",
+        "an invalid file handle was associated with the file.",
+        "the file could not be removed because it is the current directory.",
+        "the file could not be created because the directory is full.",
+        "a seek failed on the file.",
+        "a hardware I/O error was reported while accessing the file.",
+        "a sharing violation occurred while accessing the file.",
+        "a locking violation occurred while accessing the file.",
+        "the disk is full.",
+        "an attempt was made to access the file past its end.",
+    };
+    int const nReasons = static_cast<int>(sizeof reasons / sizeof *reasons);
+    char const *reason = (m_cause >= 0 && m_cause < nReasons) ? reasons[m_cause] : reasons[genericException];
+    CString message;
+    message.Format("%s: %s", m_strFileName.GetString(), reason);
+    return CopyMessage(message, lpszError, nMaxError, pnHelpContext);
+}
+
+void AfxThrowFileException(int cause, LONG lOsError, LPCTSTR lpszFileName)
+{
+    throw new CFileException(cause, lOsError, lpszFileName);
+}
+
+void AfxThrowMemoryException()
+{
+    throw new CMemoryException;
+}

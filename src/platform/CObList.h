@@ -1,0 +1,181 @@
+// Ordered, doubly linked lists of pointers: CObList (of CObject *), CPtrList
+// (of void *) and the typed wrapper CTypedPtrList. A list never deletes what
+// its elements point to; the owner of the list does.
+#ifndef STRATAGEM_PLATFORM_COBLIST_H
+#define STRATAGEM_PLATFORM_COBLIST_H
+
+#include "CObject.h"
+
+// The shared list machinery; POSITION is a node pointer.
+template <class ELEMENT>
+class CPointerList
+{
+    struct CNode : __POSITION
+    {
+        CNode *pNext;
+        CNode *pPrev;
+        ELEMENT data;
+    };
+
+public:
+    CPointerList() = default;
+    CPointerList(CPointerList const &) = delete;
+    CPointerList &operator=(CPointerList const &) = delete;
+    ~CPointerList() { RemoveAll(); }
+
+    INT_PTR GetCount() const { return m_nCount; }
+    BOOL IsEmpty() const { return m_nCount == 0; }
+
+    ELEMENT &GetHead() { return m_pHead->data; }
+    ELEMENT GetHead() const { return m_pHead->data; }
+    ELEMENT &GetTail() { return m_pTail->data; }
+    ELEMENT GetTail() const { return m_pTail->data; }
+
+    POSITION GetHeadPosition() const { return m_pHead; }
+    POSITION GetTailPosition() const { return m_pTail; }
+
+    ELEMENT &GetNext(POSITION &rPosition)
+    {
+        CNode *pNode = static_cast<CNode *>(rPosition);
+        rPosition = pNode->pNext;
+        return pNode->data;
+    }
+    ELEMENT GetNext(POSITION &rPosition) const
+    {
+        CNode *pNode = static_cast<CNode *>(rPosition);
+        rPosition = pNode->pNext;
+        return pNode->data;
+    }
+    ELEMENT &GetPrev(POSITION &rPosition)
+    {
+        CNode *pNode = static_cast<CNode *>(rPosition);
+        rPosition = pNode->pPrev;
+        return pNode->data;
+    }
+    ELEMENT GetPrev(POSITION &rPosition) const
+    {
+        CNode *pNode = static_cast<CNode *>(rPosition);
+        rPosition = pNode->pPrev;
+        return pNode->data;
+    }
+    ELEMENT &GetAt(POSITION position) { return static_cast<CNode *>(position)->data; }
+    ELEMENT GetAt(POSITION position) const { return static_cast<CNode *>(position)->data; }
+    void SetAt(POSITION position, ELEMENT newElement) { static_cast<CNode *>(position)->data = newElement; }
+
+    POSITION AddTail(ELEMENT newElement)
+    {
+        CNode *pNode = new CNode;
+        pNode->data = newElement;
+        pNode->pNext = nullptr;
+        pNode->pPrev = m_pTail;
+        if (m_pTail)
+            m_pTail->pNext = pNode;
+        else
+            m_pHead = pNode;
+        m_pTail = pNode;
+        ++m_nCount;
+        return pNode;
+    }
+    POSITION AddHead(ELEMENT newElement)
+    {
+        CNode *pNode = new CNode;
+        pNode->data = newElement;
+        pNode->pPrev = nullptr;
+        pNode->pNext = m_pHead;
+        if (m_pHead)
+            m_pHead->pPrev = pNode;
+        else
+            m_pTail = pNode;
+        m_pHead = pNode;
+        ++m_nCount;
+        return pNode;
+    }
+    // Appends the elements of another list (the other list is unchanged).
+    void AddTail(CPointerList const *pNewList)
+    {
+        for (CNode *pNode = pNewList->m_pHead; pNode; pNode = pNode->pNext)
+            AddTail(pNode->data);
+    }
+
+    ELEMENT RemoveHead()
+    {
+        CNode *pNode = m_pHead;
+        ELEMENT data = pNode->data;
+        RemoveAt(pNode);
+        return data;
+    }
+    ELEMENT RemoveTail()
+    {
+        CNode *pNode = m_pTail;
+        ELEMENT data = pNode->data;
+        RemoveAt(pNode);
+        return data;
+    }
+    void RemoveAt(POSITION position)
+    {
+        CNode *pNode = static_cast<CNode *>(position);
+        (pNode->pPrev ? pNode->pPrev->pNext : m_pHead) = pNode->pNext;
+        (pNode->pNext ? pNode->pNext->pPrev : m_pTail) = pNode->pPrev;
+        delete pNode;
+        --m_nCount;
+    }
+    void RemoveAll()
+    {
+        for (CNode *pNode = m_pHead; pNode;) {
+            CNode *pNext = pNode->pNext;
+            delete pNode;
+            pNode = pNext;
+        }
+        m_pHead = m_pTail = nullptr;
+        m_nCount = 0;
+    }
+
+    // The first position holding the element, searching after startAfter
+    // (or from the head); null when there is none.
+    POSITION Find(ELEMENT searchValue, POSITION startAfter = nullptr) const
+    {
+        CNode *pNode = startAfter ? static_cast<CNode *>(startAfter)->pNext : m_pHead;
+        for (; pNode; pNode = pNode->pNext)
+            if (pNode->data == searchValue)
+                return pNode;
+        return nullptr;
+    }
+    POSITION FindIndex(INT_PTR nIndex) const
+    {
+        if (nIndex < 0 || nIndex >= m_nCount)
+            return nullptr;
+        CNode *pNode = m_pHead;
+        while (nIndex--)
+            pNode = pNode->pNext;
+        return pNode;
+    }
+
+private:
+    CNode *m_pHead = nullptr;
+    CNode *m_pTail = nullptr;
+    INT_PTR m_nCount = 0;
+};
+
+class CObList : public CPointerList<CObject *>
+{
+public:
+    explicit CObList(INT_PTR /*nBlockSize*/ = 10) {}
+};
+
+class CPtrList : public CPointerList<void *>
+{
+public:
+    explicit CPtrList(INT_PTR /*nBlockSize*/ = 10) {}
+};
+
+// A list of TYPE pointers. The original stores them in a list of base
+// pointers and casts on the way out; here the elements are stored with their
+// own type, so no cast is needed. BASE_CLASS names the original's base list.
+template <class BASE_CLASS, class TYPE>
+class CTypedPtrList : public CPointerList<TYPE>
+{
+public:
+    explicit CTypedPtrList(INT_PTR /*nBlockSize*/ = 10) {}
+};
+
+#endif

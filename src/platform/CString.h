@@ -1,0 +1,76 @@
+// CString: a byte string with value semantics, as the original class library
+// has it. Comparisons are byte for byte; Format works like sprintf.
+#ifndef STRATAGEM_PLATFORM_CSTRING_H
+#define STRATAGEM_PLATFORM_CSTRING_H
+
+#include <string>
+
+#include "export.h"
+#include "types.h"
+
+class STRATAGEM_API CString
+{
+public:
+    CString() = default;
+    CString(LPCTSTR psz) : m_str(psz ? psz : "") {}
+    CString(LPCTSTR pch, int nLength) : m_str(pch ? std::string(pch, nLength) : std::string()) {}
+    CString(char ch, int nRepeat = 1) : m_str(nRepeat > 0 ? nRepeat : 0, ch) {}
+    CString(std::string str) : m_str(std::move(str)) {}
+    CString(CString const &) = default;
+    CString(CString &&) noexcept = default;
+
+    CString &operator=(CString const &) = default;
+    CString &operator=(CString &&) noexcept = default;
+    CString &operator=(LPCTSTR psz) { m_str = psz ? psz : ""; return *this; }
+    CString &operator=(char ch) { m_str.assign(1, ch); return *this; }
+
+    CString &operator+=(CString const &s) { m_str += s.m_str; return *this; }
+    CString &operator+=(LPCTSTR psz) { if (psz) m_str += psz; return *this; }
+    CString &operator+=(char ch) { m_str += ch; return *this; }
+
+    int GetLength() const { return static_cast<int>(m_str.size()); }
+    BOOL IsEmpty() const { return m_str.empty(); }
+    void Empty() { m_str.clear(); }
+    char GetAt(int nIndex) const { return m_str[nIndex]; }
+    char operator[](int nIndex) const { return m_str[nIndex]; }
+    void SetAt(int nIndex, char ch) { m_str[nIndex] = ch; }
+
+    operator LPCTSTR() const { return m_str.c_str(); }
+    LPCTSTR GetString() const { return m_str.c_str(); }
+
+    // printf-style formatting into this string.
+    void Format(LPCTSTR lpszFormat, ...) __attribute__((format(printf, 2, 3)));
+
+    int Compare(LPCTSTR psz) const { return m_str.compare(psz ? psz : ""); }
+
+    // The bytes as a standard string, for code on the standard library side.
+    std::string const &str() const { return m_str; }
+
+private:
+    std::string m_str;
+};
+
+inline CString operator+(CString const &a, CString const &b) { CString r(a); r += b; return r; }
+inline CString operator+(CString const &a, LPCTSTR b) { CString r(a); r += b; return r; }
+inline CString operator+(LPCTSTR a, CString const &b) { CString r(a); r += b; return r; }
+inline CString operator+(CString const &a, char b) { CString r(a); r += b; return r; }
+inline CString operator+(char a, CString const &b) { CString r(a); r += b; return r; }
+
+inline bool operator==(CString const &a, CString const &b) { return a.str() == b.str(); }
+inline bool operator==(CString const &a, LPCTSTR b) { return a.Compare(b) == 0; }
+inline bool operator==(LPCTSTR a, CString const &b) { return b.Compare(a) == 0; }
+inline bool operator!=(CString const &a, CString const &b) { return !(a == b); }
+inline bool operator!=(CString const &a, LPCTSTR b) { return !(a == b); }
+inline bool operator!=(LPCTSTR a, CString const &b) { return !(a == b); }
+inline bool operator<(CString const &a, CString const &b) { return a.str() < b.str(); }
+inline bool operator<(CString const &a, LPCTSTR b) { return a.Compare(b) < 0; }
+inline bool operator<(LPCTSTR a, CString const &b) { return b.Compare(a) > 0; }
+
+namespace std {
+template <> struct hash<CString>
+{
+    size_t operator()(CString const &s) const noexcept { return hash<string>()(s.str()); }
+};
+}
+
+#endif

@@ -1,0 +1,42 @@
+// Internal to the vocabulary: the process-wide tables behind the exported
+// registry functions, and the two steps shared by registration and removal.
+#ifndef STRATAGEM_VOCABULARY_AI_REGISTRY_H
+#define STRATAGEM_VOCABULARY_AI_REGISTRY_H
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "AI_CFunction.h"
+
+namespace vocabulary {
+
+typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> FunctionTable;
+
+struct Registry
+{
+    std::unordered_map<std::string, unsigned int> symbols;  // name -> SID
+    std::unordered_map<unsigned int, CString> names;        // SID -> name
+    FunctionTable facts;
+    FunctionTable actions;
+    std::unordered_map<unsigned int, std::vector<int>> constants;
+    unsigned int nextConstant = 4001;  // never reset: a constant SID is used once
+};
+
+// The one registry of the process; its tables start empty.
+Registry &TheRegistry();
+
+// Maps the name to the SID and the SID to the name, overwriting both ways.
+void Intern(char const *pszName, unsigned int nSID);
+
+// Removes the SID's name and that name's symbol (whatever SID the symbol
+// holds by now). False when the SID had no name.
+bool Forget(unsigned int nSID);
+
+// 1 when the name table has an entry for the SID.
+int IsRegistered(unsigned int nSID);
+
+}  // namespace vocabulary
+
+#endif

@@ -1,0 +1,50 @@
+// Shared fixture: every test starts from empty tables and default settings,
+// and leaves them so.
+#ifndef STRATAGEM_TESTS_VOCABULARY_VOCABULARYTEST_H
+#define STRATAGEM_TESTS_VOCABULARY_VOCABULARYTEST_H
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "vocabulary/AI_Vocabulary.h"
+
+class VocabularyTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        AI_DeleteAll();
+        m_savedSettings = AI_gsSettings;
+    }
+
+    void TearDown() override
+    {
+        AI_DeleteAll();
+        AI_gsSettings = m_savedSettings;
+    }
+
+    static void RegisterBuiltins()
+    {
+        AI_AddFacts();
+        AI_AddActions();
+        AI_AddDefines();
+        AI_AddParams();
+    }
+
+    static std::vector<int> Params(AI_CFunction const &function)
+    {
+        std::vector<int> codes;
+        for (INT_PTR i = 0; i < function.GetParams().GetSize(); ++i)
+            codes.push_back(function.GetParams().GetAt(i));
+        return codes;
+    }
+
+    static std::string Name(unsigned int nSID) { return static_cast<char const *>(AI_String(nSID)); }
+
+private:
+    AI_GameSettings m_savedSettings{};
+};
+
+#endif
