@@ -5,16 +5,24 @@ JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD    ?= build
 ASAN     ?= build-asan
 CMAKE_GEN = cmake -S . -DCMAKE_BUILD_TYPE=Release
-PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make
+PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config
+FUZZ_PACKAGES = clang libclang-rt-dev
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps build build-asan run test test-release test-asan bench fuzz clean
+.PHONY: all deps fuzz-deps install-packages build build-asan run test test-release test-asan bench fuzz clean
 
 all: build
 
 deps:
+	@$(MAKE) --no-print-directory install-packages WANTED="$(PACKAGES)"
+
+fuzz-deps: deps
+	@$(MAKE) --no-print-directory install-packages WANTED="$(FUZZ_PACKAGES)"
+
+# Installs with apt-get whichever of WANTED is missing; does nothing when all are present.
+install-packages:
 	@missing=""; \
-	for p in $(PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
+	for p in $(WANTED); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
 	if [ -n "$$missing" ]; then \
 	  echo "installing:$$missing"; \
 	  SUDO=$$( [ "$$(id -u)" = 0 ] || echo sudo ); \
@@ -45,7 +53,7 @@ bench: deps
 	cmake --build build-bench -j $(JOBS)
 	build-bench/bench/stratagem_bench
 
-fuzz: deps
+fuzz: fuzz-deps
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DSTRATAGEM_FUZZ=ON -DSTRATAGEM_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 	cmake --build build-fuzz -j $(JOBS) --target stratagem_fuzz
 	mkdir -p fuzz-corpus
