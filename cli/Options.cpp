@@ -108,7 +108,7 @@ bool OnTree(CliOptions &options, char const *, std::string &)
 
 // ---- option table --------------------------------------------------------------
 
-struct OptionSpec
+struct OptionRow
 {
     char chShort;         // 0 when the option has no short form
     char const *szLong;
@@ -117,7 +117,7 @@ struct OptionSpec
     Handler pfnApply;     // for CliCommand::Analyze
 };
 
-OptionSpec const s_options[] = {
+OptionRow const s_options[] = {
     {'x', "extra", true, CliCommand::Analyze, OnExtra},
     {'n', "name", true, CliCommand::Analyze, OnName},
     {'s', "set", true, CliCommand::Analyze, OnSet},
@@ -129,19 +129,19 @@ OptionSpec const s_options[] = {
     {0, "version", false, CliCommand::Version, nullptr},
 };
 
-OptionSpec const *FindShort(char ch)
+OptionRow const *FindShort(char ch)
 {
-    for (OptionSpec const &spec : s_options)
-        if (spec.chShort != 0 && spec.chShort == ch)
-            return &spec;
+    for (OptionRow const &row : s_options)
+        if (row.chShort != 0 && row.chShort == ch)
+            return &row;
     return nullptr;
 }
 
-OptionSpec const *FindLong(std::string const &name)
+OptionRow const *FindLong(std::string const &name)
 {
-    for (OptionSpec const &spec : s_options)
-        if (name == spec.szLong)
-            return &spec;
+    for (OptionRow const &row : s_options)
+        if (name == row.szLong)
+            return &row;
     return nullptr;
 }
 
@@ -149,7 +149,7 @@ OptionSpec const *FindLong(std::string const &name)
 // ("--name=X", "-nX"); `inlineValue` is null when none was written.
 struct OptionWord
 {
-    OptionSpec const *spec = nullptr;
+    OptionRow const *row = nullptr;
     char const *inlineValue = nullptr;
 };
 
@@ -160,15 +160,15 @@ OptionWord SplitOption(char const *arg, std::string &error)
     {
         char const *equals = std::strchr(arg + 2, '=');
         std::string const name = equals ? std::string(arg + 2, equals) : std::string(arg + 2);
-        word.spec = FindLong(name);
+        word.row = FindLong(name);
         word.inlineValue = equals ? equals + 1 : nullptr;
     }
     else
     {
-        word.spec = FindShort(arg[1]);
+        word.row = FindShort(arg[1]);
         word.inlineValue = arg[2] ? arg + 2 : nullptr;
     }
-    if (!word.spec)
+    if (!word.row)
         error = std::string("unknown option '") + arg + "'";
     return word;
 }
@@ -200,13 +200,13 @@ CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &opti
         }
 
         OptionWord const word = SplitOption(arg, error);
-        if (!word.spec)
+        if (!word.row)
             return CliCommand::Usage;
-        if (word.spec->command != CliCommand::Analyze)
-            return word.spec->command;
+        if (word.row->command != CliCommand::Analyze)
+            return word.row->command;
 
         char const *value = word.inlineValue;
-        if (word.spec->bValue && !value)
+        if (word.row->bValue && !value)
         {
             if (i + 1 >= argc)
             {
@@ -215,12 +215,12 @@ CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &opti
             }
             value = argv[++i];
         }
-        else if (!word.spec->bValue && value)
+        else if (!word.row->bValue && value)
         {
             error = std::string("option '") + arg + "' takes no value";
             return CliCommand::Usage;
         }
-        if (!word.spec->pfnApply(options, value, error))
+        if (!word.row->pfnApply(options, value, error))
             return CliCommand::Usage;
     }
 
@@ -254,9 +254,12 @@ void WriteHelp(std::ostream &out)
            "                          nVictoryCondition, nDifficulty, nPopulationCap,\n"
            "                          bGameSpeedLocked, bTeamsLocked, nCiv), VALUE a\n"
            "                          decimal integer (repeatable)\n"
-           "  -D, --define WORD       make a define word hold, e.g. GIANT-MAP or REGICIDE\n"
+           "  -D, --define WORD       make a built-in define word hold: its field gets the\n"
+           "                          word's value (GIANT-MAP sets nMapSize to 5; a flag\n"
+           "                          word such as REGICIDE sets 1)\n"
            "      --no-expand-blocks  keep conditional blocks in the tree\n"
-           "      --seed N            seed the random loads with N (default: unseeded)\n"
+           "      --seed N            srand(N) before the analysis (default: the random\n"
+           "                          loads' generator is not seeded)\n"
            "      --tree              print the object tree instead of the listing\n"
            "  -h, --help              show this help\n"
            "      --version           show the version\n"

@@ -8,6 +8,26 @@
 
 #include "../platform/afx.h"
 
+// The causes of parse errors: indexes into the message table.
+enum AI_ParseErrorCause
+{
+    AI_PE_INVALID_CHARACTER = 0,
+    AI_PE_PARSE_ERROR = 1,
+    AI_PE_INTEGER = 2,
+    AI_PE_FACT_EXPECTED = 3,
+    AI_PE_ACTION_EXPECTED = 4,
+    AI_PE_EXPRESSION_EXPECTED = 5,
+    AI_PE_DEFINE_EXPECTED = 6,
+    AI_PE_UNKNOWN_SYMBOL = 7,
+    AI_PE_PARAM_COUNT = 8,
+    AI_PE_WRONG_PARAM = 9,
+    AI_PE_PROBABILITY = 10,
+    AI_PE_PROBABILITY_SUM = 11,
+    AI_PE_DUPLICATE_SYMBOL = 12,
+    AI_PE_NON_CONST_SYMBOL = 13,
+    AI_PE_UNKNOWN = 14
+};
+
 class STRATAGEM_API AI_CException : public CException
 {
     DECLARE_DYNAMIC(AI_CException)

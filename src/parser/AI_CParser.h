@@ -116,6 +116,15 @@ protected:
 private:
     void CheckParams(AI_CFunction const *pFunction, AI_CExprList *pExpressions);
 
+    // Remembers a new object and forgets the children it now owns.
+    template <class T, class... Owned>
+    T *Keep(T *pObject, Owned *...pOwned);
+    // Appends a command to a list, or in place of a block the commands of
+    // the branch that the strategy's settings select.
+    void AddCommand(AI_CCommandList *pCommands, AI_CCommand *pCommand);
+    // A constant's first value in the strategy, else in the registry.
+    int ConstantValue(unsigned int nSID) const;
+
     static int s_bExpandBlocks;
 };
 

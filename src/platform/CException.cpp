@@ -57,11 +57,15 @@ CFileException::CFileException(int cause, LONG lOsError, LPCTSTR lpszFileName)
 int CFileException::ErrnoToException(int nErrno)
 {
     static struct { int nErrno; int cause; } const table[] = {
-        {EPERM, accessDenied},        {EACCES, accessDenied},   {EISDIR, accessDenied},
-        {EBADF, invalidFile},         {EDEADLK, sharingViolation},
-        {EMFILE, tooManyOpenFiles},   {ENOENT, fileNotFound},   {ENFILE, fileNotFound},
-        {ENOTDIR, badPath},           {ENAMETOOLONG, badPath},  {ENOSPC, diskFull},
-        {EINVAL, hardIO},             {EIO, hardIO},
+        {ENOENT, fileNotFound},       {ENXIO, fileNotFound},
+        {ENOTDIR, badPath},           {ENAMETOOLONG, badPath},    {ELOOP, badPath},
+        {EMFILE, tooManyOpenFiles},   {ENFILE, tooManyOpenFiles},
+        {EACCES, accessDenied},       {EPERM, accessDenied},      {EROFS, accessDenied},
+        {EISDIR, accessDenied},       {EBADF, invalidFile},
+        {EBUSY, sharingViolation},    {ETXTBSY, sharingViolation},
+        {EDEADLK, lockViolation},     {ENOLCK, lockViolation},
+        {ESPIPE, badSeek},            {EIO, hardIO},              {EINVAL, hardIO},
+        {ENOSPC, diskFull},           {EFBIG, diskFull},          {EDQUOT, diskFull},
     };
     for (auto const &row : table)
         if (row.nErrno == nErrno)
@@ -90,8 +94,9 @@ BOOL CFileException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnH
     };
     int const nReasons = static_cast<int>(sizeof reasons / sizeof *reasons);
     char const *reason = (m_cause >= 0 && m_cause < nReasons) ? reasons[m_cause] : reasons[genericException];
-    CString message;
-    message.Format("%s: %s", m_strFileName.GetString(), reason);
+    CString message(reason);
+    if (!m_strFileName.IsEmpty())
+        message.Format("%s: %s", m_strFileName.GetString(), reason);
     return CopyMessage(message, lpszError, nMaxError, pnHelpContext);
 }
 

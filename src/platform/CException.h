@@ -63,7 +63,8 @@ public:
     // The cause that an errno value stands for.
     static int ErrnoToException(int nErrno);
 
-    // "<file>: <reason>", for example "main.txt: the file was not found."
+    // "<file>: <reason>", for example "main.txt: the file was not found.";
+    // the reason alone when no file name was given.
     BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = nullptr) override;
 
     int m_cause;

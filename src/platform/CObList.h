@@ -91,9 +91,11 @@ public:
         return pNode;
     }
     // Appends the elements of another list (the other list is unchanged).
+    // Counted first, so that a list appended to itself is doubled.
     void AddTail(CPointerList const *pNewList)
     {
-        for (CNode *pNode = pNewList->m_pHead; pNode; pNode = pNode->pNext)
+        CNode const *pNode = pNewList->m_pHead;
+        for (INT_PTR n = pNewList->m_nCount; n > 0; --n, pNode = pNode->pNext)
             AddTail(pNode->data);
     }
 

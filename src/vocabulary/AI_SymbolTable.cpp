@@ -67,8 +67,10 @@ int IsKind(KindRange const &kind, unsigned int nSID)
 
 unsigned int AI_Symbol(char const *pszName)
 {
+    if (!pszName)
+        return 0;
     vocabulary::Registry const &r = vocabulary::TheRegistry();
-    auto const it = r.symbols.find(std::string(pszName ? pszName : ""));
+    auto const it = r.symbols.find(pszName);
     return it != r.symbols.end() ? it->second : 0;
 }
 

@@ -1,7 +1,9 @@
 // The object base, run-time class records and the behaviour the five list
 // classes share.
+#include <cstdint>
 #include <cstring>
 #include <memory>
+#include <type_traits>
 
 #include "TestSupport.h"
 
@@ -80,6 +82,30 @@ TEST(ObjectBase, EveryClassHasItsRecordWithNameSchemaBaseAndFactory)
     }
 }
 
+// Hosts may default-construct the base and the lists; every other class
+// only through its factory.
+TEST(ObjectBase, OnlyTheBaseAndTheListsArePubliclyDefaultConstructible)
+{
+    EXPECT_TRUE(std::is_default_constructible<AI_CObject>::value);
+    EXPECT_TRUE(std::is_default_constructible<AI_CExprList>::value);
+    EXPECT_TRUE(std::is_default_constructible<AI_CCEList>::value);
+    EXPECT_TRUE(std::is_default_constructible<AI_CActionList>::value);
+    EXPECT_TRUE(std::is_default_constructible<AI_CCommandList>::value);
+    EXPECT_TRUE(std::is_default_constructible<AI_CLoadOptionList>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CExpression>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CCE>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CTestCE>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_COpCE>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CAction>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CCommand>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CDefruleCommand>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CDefconstCommand>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CLoadCommand>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CLoadOption>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CLoadRandomCommand>::value);
+    EXPECT_FALSE(std::is_default_constructible<AI_CBlock>::value);
+}
+
 TEST(ObjectBase, FactoryMadeObjectsAreEmpty)
 {
     std::unique_ptr<CObject> pObject(RUNTIME_CLASS(AI_CTestCE)->CreateObject());
@@ -111,29 +137,6 @@ TEST(ObjectBase, EmptyListsDescribeThemselvesWithZeroAndListNothing)
         EXPECT_EQ("", Listing(*p, 1));
         EXPECT_TRUE(Children(*p).empty());
     }
-}
-
-TEST(ObjectBase, ListDescriptionsCountTheElements)
-{
-    AI_CExprList exprs;
-    exprs.Add(new AI_CExpression(1));
-    exprs.Add(new AI_CExpression(2));
-    EXPECT_EQ("expression list: 2 expressions", Describe(exprs));
-
-    AI_CLoadOptionList options;
-    options.Add(new AI_CLoadOption(10, Str("a")));
-    EXPECT_EQ("load options list: 1 load options", Describe(options));
-}
-
-TEST(ObjectBase, AddReturnsThePointerAndKeepsInsertionOrder)
-{
-    AI_CExprList list;
-    AI_CExpression *a = new AI_CExpression(1);
-    AI_CExpression *b = new AI_CExpression(2);
-    EXPECT_EQ(a, list.Add(a));
-    EXPECT_EQ(b, list.Add(b));
-    ASSERT_EQ(2, list.GetExpressions().GetCount());
-    EXPECT_EQ(a, list.GetExpressions().GetHead());
 }
 
 TEST(ObjectBase, GetObjectsAppendsDirectElementsAfterWhatTheListHolds)
@@ -177,3 +180,65 @@ TEST(ObjectBase, DestroyingAListSkipsNullEntries)
     }
     EXPECT_EQ((std::vector<int>{7}), log);
 }
+
+// A host built against the library calls the virtual operations through
+// their vtable slots, so the slot of every operation is part of the
+// interface. Under the Itanium C++ ABI a pointer to a virtual member holds
+// 1 + the byte offset of its slot.
+#if defined(__GNUC__)
+template <class PMF>
+long Slot(PMF pmf)
+{
+    static_assert(sizeof(PMF) == 2 * sizeof(std::uintptr_t), "Itanium member pointer");
+    std::uintptr_t aWords[2];
+    std::memcpy(aWords, &pmf, sizeof aWords);
+    if ((aWords[0] & 1) == 0)
+        return -1;  // not virtual
+    return static_cast<long>((aWords[0] - 1) / sizeof(void *));
+}
+
+TEST(ObjectBase, VirtualOperationsOccupyTheirSlotsInDeclarationOrder)
+{
+    // 0 GetRuntimeClass, 1-2 destructor, 3-5 the three hooks of CObject.
+    EXPECT_EQ(0, Slot(&AI_CObject::GetRuntimeClass));
+    EXPECT_EQ(6, Slot(static_cast<CString (AI_CObject::*)()>(&AI_CObject::GetDescription)));
+    EXPECT_EQ(7, Slot(&AI_CObject::GetObjects));
+    EXPECT_EQ(8, Slot(&AI_CObject::PrettyPrint));
+
+    EXPECT_EQ(9, Slot(&AI_CExpression::IsValid));
+    EXPECT_EQ(10, Slot(&AI_CExpression::Invalidate));
+
+    EXPECT_EQ(9, Slot(&AI_CCE::IsValid));
+    EXPECT_EQ(10, Slot(&AI_CCE::IsTrue));
+    EXPECT_EQ(11, Slot(&AI_CTestCE::Invalidate));
+    EXPECT_EQ(11, Slot(&AI_COpCE::Invalidate));
+
+    EXPECT_EQ(9, Slot(&AI_CAction::IsValid));
+    EXPECT_EQ(10, Slot(&AI_CAction::Invalidate));
+    EXPECT_EQ(11, Slot(&AI_CAction::Execute));
+
+    EXPECT_EQ(9, Slot(&AI_CLoadOption::IsValid));
+    EXPECT_EQ(10, Slot(&AI_CLoadOption::Invalidate));
+
+    EXPECT_EQ(9, Slot(&AI_CCommand::IsValid));
+    EXPECT_EQ(10, Slot(&AI_CCommand::Check));
+    EXPECT_EQ(11, Slot(&AI_CCommand::Load));
+    EXPECT_EQ(12, Slot(&AI_CCommand::IsLoaded));
+    EXPECT_EQ(13, Slot(&AI_CDefruleCommand::Invalidate));
+    EXPECT_EQ(13, Slot(&AI_CDefconstCommand::Invalidate));
+    EXPECT_EQ(13, Slot(&AI_CLoadCommand::Invalidate));
+    EXPECT_EQ(13, Slot(&AI_CLoadRandomCommand::Invalidate));
+    EXPECT_EQ(13, Slot(&AI_CBlock::Invalidate));
+
+    EXPECT_EQ(9, Slot(&AI_CExprList::Add));
+    EXPECT_EQ(9, Slot(&AI_CLoadOptionList::Add));
+    EXPECT_EQ(9, Slot(&AI_CCEList::Add));
+    EXPECT_EQ(10, Slot(&AI_CCEList::IsTrue));
+    EXPECT_EQ(9, Slot(&AI_CActionList::Add));
+    EXPECT_EQ(10, Slot(&AI_CActionList::Execute));
+    EXPECT_EQ(9, Slot(static_cast<void (AI_CCommandList::*)(AI_CCommandList *)>(&AI_CCommandList::Add)));
+    EXPECT_EQ(10, Slot(static_cast<AI_CCommand *(AI_CCommandList::*)(AI_CCommand *)>(&AI_CCommandList::Add)));
+    EXPECT_EQ(11, Slot(&AI_CCommandList::Check));
+    EXPECT_EQ(12, Slot(&AI_CCommandList::Load));
+}
+#endif

@@ -138,4 +138,95 @@ inline CString *Str(char const *psz)
     return new CString(psz);
 }
 
+// An argument list holding the given expressions, in order.
+inline AI_CExprList *Args(std::initializer_list<AI_CExpression *> expressions)
+{
+    AI_CExprList *pList = new AI_CExprList;
+    for (AI_CExpression *p : expressions)
+        pList->Add(p);
+    return pList;
+}
+
+// A rule with one condition and one action.
+inline AI_CDefruleCommand *Rule(AI_CCE *pCE, AI_CAction *pAction)
+{
+    AI_CCEList *pCEs = new AI_CCEList;
+    pCEs->Add(pCE);
+    AI_CActionList *pActions = new AI_CActionList;
+    pActions->Add(pAction);
+    return new AI_CDefruleCommand(pCEs, pActions);
+}
+
+// A command list holding the given commands, in order.
+inline AI_CCommandList *Commands(std::initializer_list<AI_CCommand *> commands)
+{
+    AI_CCommandList *pList = new AI_CCommandList;
+    for (AI_CCommand *p : commands)
+        pList->Add(p);
+    return pList;
+}
+
+// A load command whose loaded list a test sets by hand, as loading would.
+class HandLoad : public AI_CLoadCommand
+{
+public:
+    explicit HandLoad(char const *pszFilename, AI_CCommandList *pLoaded = nullptr)
+        : AI_CLoadCommand(Str(pszFilename), nullptr)
+    {
+        m_pCommands = pLoaded;
+    }
+    HandLoad(CString *pFilename, AI_CCommandList *pLoaded) : AI_CLoadCommand(pFilename, nullptr)
+    {
+        m_pCommands = pLoaded;
+    }
+    void SetLoaded(AI_CCommandList *pLoaded) { m_pCommands = pLoaded; }
+};
+
+// A random load whose choice and loaded list a test sets by hand.
+class HandLoadRandom : public AI_CLoadRandomCommand
+{
+public:
+    HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pDefault) : AI_CLoadRandomCommand(pOptions, pDefault, nullptr)
+    {
+    }
+    void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded)
+    {
+        m_pLoaded = pChosen;
+        m_pCommands = pLoaded;
+    }
+};
+
+// The runtime generator, computed on its own:
+// state = state * 214013 + 2531011, r = (state >> 16) & 0x7FFF.
+inline int NextDraw(unsigned int &state)
+{
+    state = state * 214013u + 2531011u;
+    return static_cast<int>((state >> 16) & 0x7FFF);
+}
+
+// The state before the given one: solves prev * 214013 + 2531011 = state
+// (modulo 2^32) with the inverse of the odd multiplier.
+inline unsigned int StateBefore(unsigned int state)
+{
+    unsigned int nInverse = 214013u;
+    for (int i = 0; i < 5; ++i)
+        nInverse *= 2u - 214013u * nInverse;
+    return (state - 2531011u) * nInverse;
+}
+
+// A seed whose first draw is r.
+inline unsigned int SeedFor(int r)
+{
+    unsigned int nSeed = StateBefore(static_cast<unsigned int>(r) << 16);
+    unsigned int state = nSeed;
+    EXPECT_EQ(r, NextDraw(state));
+    return nSeed;
+}
+
+// The percentage of a draw: the floor of 100 r / 32767.
+inline int PercentOf(int r)
+{
+    return 100 * r / 32767;
+}
+
 #endif

@@ -1,0 +1,36 @@
+// Shared by the files of the parser's semantic actions. Internal to the
+// library.
+#ifndef STRATAGEM_PARSER_AI_PARSERACTIONS_H
+#define STRATAGEM_PARSER_AI_PARSERACTIONS_H
+
+#include "../objects/AI_Objects.h"
+#include "../strategy/AI_CStrategy.h"
+#include "../vocabulary/AI_Vocabulary.h"
+#include "AI_CException.h"
+#include "AI_CParser.h"
+#include "AI_FrontEnd.h"
+#include "AI_Grammar.tab.h"
+
+// Remembering the new object first means the parser's cleanup frees it, and
+// through it its children, whatever happens next.
+template <class T, class... Owned>
+T *AI_CParser::Keep(T *pObject, Owned *...pOwned)
+{
+    Remember(pObject);
+    (Forget(pOwned), ...);
+    return pObject;
+}
+
+// The objects built from script text are valid, since the actions check
+// their parts first; an object that is not would be a fault of the library,
+// reported rather than let into the tree. The object is already remembered,
+// so the cleanup frees it.
+template <class T>
+T *AI_RequireValid(T *pObject)
+{
+    if (!pObject->IsValid())
+        AI_RaiseParseError(AI_PE_UNKNOWN, "");
+    return pObject;
+}
+
+#endif

@@ -1,0 +1,82 @@
+// AI_CParser::Parse: one script file into its command list, stored in the
+// strategy under the name as given.
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "../objects/AI_CCommand.h"
+#include "../strategy/AI_CStrategy.h"
+#include "AI_CParser.h"
+#include "AI_FrontEnd.h"
+#include "AI_Grammar.tab.h"
+
+FILE *AI_OpenScript(char const *pszFilename)
+{
+    FILE *pFile = std::fopen(pszFilename, "r");
+    struct stat status;
+    if (pFile && fstat(fileno(pFile), &status) == 0 && S_ISDIR(status.st_mode)) {
+        std::fclose(pFile);
+        pFile = nullptr;
+        errno = EISDIR;
+    }
+    if (!pFile)
+        AfxThrowFileException(CFileException::ErrnoToException(errno), -1, pszFilename);
+    return pFile;
+}
+
+namespace {
+
+// The scanner keeps nothing of a file once it is closed.
+void EndFile(FILE *pFile)
+{
+    AI_ScanReset(pFile);
+    std::fclose(pFile);
+}
+
+}  // namespace
+
+AI_CCommandList *AI_CParser::Parse(char const *pszFilename)
+{
+    if (AI_CCommandList *pCommands = m_pStrategy->CommandList(pszFilename))
+        return pCommands;
+
+    // Loaded files are named after this one's directory and extension.
+    CString strDrive, strDirectory, strName, strExtension;
+    crt::SplitPath(pszFilename, strDrive, strDirectory, strName, strExtension);
+    m_strDirectory = strDrive + strDirectory;
+    m_strExtension = strExtension;
+
+    AI_BeginFile(this, pszFilename);
+    FILE *pFile = AI_OpenScript(pszFilename);
+
+    // A parse that fails frees its partial tree exactly once.
+    auto abandon = [&] {
+        EndFile(pFile);
+        DeleteObjects();
+        DeleteStrings();
+    };
+    int nStatus;
+    try {
+        AI_ScanStart(pFile);
+        nStatus = ai_yyparse();
+    } catch (CException *pException) {
+        abandon();
+        throw pException;  // typed as the base class, as hosts catch it
+    } catch (...) {
+        abandon();
+        throw;
+    }
+    EndFile(pFile);
+
+    // On acceptance the only object remembered is the file's command list.
+    if (nStatus != 0 || m_lstObjects.IsEmpty()) {
+        DeleteObjects();
+        DeleteStrings();
+        return nullptr;
+    }
+    AI_CCommandList *pCommands = static_cast<AI_CCommandList *>(m_lstObjects.GetHead());
+    m_lstObjects.RemoveAll();
+    m_pStrategy->AddCommandList(pszFilename, pCommands);
+    return pCommands;
+}
