@@ -1,0 +1,62 @@
+// Small pieces the benchmarks share: a private temporary directory, an output
+// stream that only counts what is written, and memory probes.
+#ifndef STRATAGEM_BENCH_BENCHSUPPORT_H
+#define STRATAGEM_BENCH_BENCHSUPPORT_H
+
+#include <ostream>
+#include <streambuf>
+#include <string>
+
+namespace bench {
+
+// A fresh directory under $TMPDIR (or /tmp), removed with everything in it
+// when the object goes.
+class TempDirectory
+{
+public:
+    explicit TempDirectory(char const *pszPrefix);
+    ~TempDirectory();
+    TempDirectory(TempDirectory const &) = delete;
+    TempDirectory &operator=(TempDirectory const &) = delete;
+
+    std::string const &Path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
+
+// Swallows the listing, keeping only its length.
+class CountingStream : public std::ostream
+{
+public:
+    CountingStream() : std::ostream(&m_buffer) {}
+    long long Count() const { return m_buffer.nCount; }
+
+private:
+    struct Buffer : std::streambuf
+    {
+        long long nCount = 0;
+        int_type overflow(int_type c) override
+        {
+            if (!traits_type::eq_int_type(c, traits_type::eof()))
+                ++nCount;
+            return traits_type::not_eof(c);
+        }
+        std::streamsize xsputn(char const *, std::streamsize n) override
+        {
+            nCount += n;
+            return n;
+        }
+    } m_buffer;
+};
+
+// The process's peak resident set so far, in MiB.
+double PeakRssMiB();
+// Bytes the allocator has handed out and not yet taken back.
+long long HeapInUse();
+// Calls of operator new since the program started.
+long long AllocationCount();
+
+}  // namespace bench
+
+#endif

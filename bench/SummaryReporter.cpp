@@ -1,0 +1,117 @@
+#include "SummaryReporter.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <ostream>
+
+namespace bench {
+
+namespace {
+
+double const kMaxGrowth = 110.0;       // 100x the size in at most 110x the time
+double const kMaxScannerFactor = 4.0;  // analysis over the bare scan
+
+std::string Cell(double dValue, char const *pszFormat)
+{
+    char szBuffer[64];
+    snprintf(szBuffer, sizeof szBuffer, pszFormat, dValue);
+    return szBuffer;
+}
+
+}  // namespace
+
+SummaryReporter::SummaryReporter()
+    : ConsoleReporter(isatty(fileno(stdout)) ? OO_ColorTabular : OO_Tabular)
+{
+}
+
+void SummaryReporter::ReportRuns(std::vector<Run> const &runs)
+{
+    for (Run const &run : runs)
+    {
+        if (run.error_occurred || run.run_type != Run::RT_Iteration)
+            continue;
+        Result &result = m_results[run.benchmark_name()];
+        result.dMilliseconds = run.GetAdjustedCPUTime() * benchmark::GetTimeUnitMultiplier(run.time_unit) /
+                               benchmark::GetTimeUnitMultiplier(benchmark::kMillisecond);
+        for (auto const &counter : run.counters)
+            result.counters[counter.first] = counter.second.value;
+    }
+    ConsoleReporter::ReportRuns(runs);
+}
+
+SummaryReporter::Result const *SummaryReporter::Find(std::string const &kind, std::string const &label) const
+{
+    auto it = m_results.find(kind + "/" + label);
+    return it == m_results.end() ? nullptr : &it->second;
+}
+
+bool SummaryReporter::PrintSummary(std::vector<CaseInfo> const &cases, std::ostream &out) const
+{
+    bool bHolds = true;
+    out << "\n| strategy | rules | constants | bytes | analysis ms | analysis+listing ms | scanner ms "
+           "| analysis/scanner | MB/s | peak RSS MiB | heap MiB |\n"
+           "|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|\n";
+    for (CaseInfo const &info : cases)
+    {
+        Result const *pAnalysis = Find("analysis", info.label);
+        Result const *pListing = Find("analysis+listing", info.label);
+        Result const *pScanner = Find("scanner", info.label);
+        auto ms = [](Result const *p) { return p ? Cell(p->dMilliseconds, "%.1f") : std::string("-"); };
+        std::string ratio = "-", speed = "-", rss = "-", heap = "-";
+        if (pAnalysis && pScanner)
+        {
+            double dRatio = pAnalysis->dMilliseconds / pScanner->dMilliseconds;
+            ratio = Cell(dRatio, "%.2f");
+            if (dRatio > kMaxScannerFactor)
+            {
+                ratio += " (over " + Cell(kMaxScannerFactor, "%.0f") + ")";
+                bHolds = false;
+            }
+        }
+        if (pAnalysis)
+        {
+            speed = Cell(info.nBytes / 1e3 / pAnalysis->dMilliseconds, "%.1f");
+            heap = Cell(pAnalysis->counters.count("heap_MiB") ? pAnalysis->counters.at("heap_MiB") : 0, "%.1f");
+        }
+        if (Result const *pLast = pListing ? pListing : pAnalysis)
+            rss = Cell(pLast->counters.count("peak_rss_MiB") ? pLast->counters.at("peak_rss_MiB") : 0, "%.1f");
+        out << "| " << info.label << " | " << info.nRules << " | " << info.nConstants << " | " << info.nBytes
+            << " | " << ms(pAnalysis) << " | " << ms(pListing) << " | " << ms(pScanner) << " | " << ratio
+            << " | " << speed << " | " << rss << " | " << heap << " |\n";
+    }
+    out << "\nCPU time per analysis; MB/s is the analysis alone; peak RSS is the process's so far;\n"
+           "heap is what one analysed strategy holds.\n\n";
+    for (char const *pszKind : {"analysis", "analysis+listing"})
+    {
+        bHolds &= JudgeGrowth(pszKind, "rules:1000", "rules:100000", true, out);
+        // Shown for comparison; the growth bar is set for rules.
+        JudgeGrowth(pszKind, "rules:10000", "rules:100000", false, out);
+        JudgeGrowth(pszKind, "constants:1000", "constants:100000", false, out);
+    }
+    out << (bHolds ? "All performance bars hold.\n" : "A performance bar is NOT met.\n");
+    return bHolds;
+}
+
+bool SummaryReporter::JudgeGrowth(std::string const &kind, std::string const &small, std::string const &large,
+                                  bool bBar, std::ostream &out) const
+{
+    Result const *pSmall = Find(kind, small);
+    Result const *pLarge = Find(kind, large);
+    if (!pSmall || !pLarge)
+        return true;
+    double dGrowth = pLarge->dMilliseconds / pSmall->dMilliseconds;
+    out << kind << ": " << large << " takes " << Cell(dGrowth, "%.1f") << "x the time of " << small;
+    if (!bBar)
+    {
+        out << " (for comparison)\n";
+        return true;
+    }
+    // The bar allows 10% over proportional growth for a hundredfold size.
+    bool bHolds = dGrowth <= kMaxGrowth;
+    out << (bHolds ? " (linear: at most " : " (NOT linear: over ") << Cell(kMaxGrowth, "%.0f") << "x)\n";
+    return bHolds;
+}
+
+}  // namespace bench
