@@ -1,212 +1,66 @@
 // The listing that the host prints for whole strategies: loaded files in
 // place of their load commands, names formed from the loading file, extra
-// files, constants recorded across files, and cycles of loads.
+// files, constants recorded across files, cycles of loads and settings.
 #include <gtest/gtest.h>
 
 #include "CliTestSupport.h"
 
-namespace {
-
-std::string const kDoNothingRule = "(defrule (true) => (do-nothing))\n";
-
-// A rule listed at level 0 with one condition and one action, and the empty
-// line that its command list adds.
-std::vector<std::string> RuleLines(std::string const &strCondition, std::string const &strAction)
+TEST(CliListing, LoadedNamesTakeTheLoadingFilesDirectoryAndExtension)
 {
-    return {"(defrule", "\t" + strCondition, "=>", "\t" + strAction, ")", ""};
+    // A main file without extension adds none; sub/x.per's loads go to sub/
+    // and get .per, also after an extension of their own.
+    ScriptDir const dir({{"plain", "(load \"sub/x.per\")\n" + kDoNothingRule},
+                         {"sub/x.per", "(load \"common\")\n"},
+                         {"sub/common.per", "(load \"y.txt\")\n"},
+                         {"sub/y.txt.per", "(defrule (food-amount < 50) => (chat-local-to-self \"low\"))\n"}});
+    Strings const y = RuleLines("(food-amount less-than 50)", "(chat-local-to-self \"low\")");
+    Strings const body = LoadLines("sub/x.per", LoadLines("sub/common.per", LoadLines("sub/y.txt.per", y)));
+    ExpectListing(dir.Run({"--name", "Rush", "plain"}),
+                  Listing("plain", {"plain", "sub/common.per", "sub/x.per", "sub/y.txt.per"},
+                          Join(body, RuleLines("(true)", "(do-nothing)")), {}, DefaultSettings(), "Rush"));
 }
 
-void Add(std::vector<std::string> &lines, std::vector<std::string> const &more)
+TEST(CliListing, ExtraFilesAreReadFirstAndTheFirstValueOfAConstantStaysInUse)
 {
-    lines.insert(lines.end(), more.begin(), more.end());
+    ScriptDir const dir({{"one.per", "(defconst level 1)\n(defconst base-food 100)\n"},
+                         {"two.per", "(defconst level 3)\n(defconst step level)\n"},
+                         {"main.per", "(defconst level 2)\n(load \"one\")\n"
+                                      "(defrule (food-amount > base-food) => (set-goal step level))\n"}});
+    Strings body = Join({"(defconst level 2)", ""},
+                        LoadLines("one.per", {"(defconst level 1)", "", "(defconst base-food 100)", ""}));
+    body = Join(body, RuleLines("(food-amount greater-than 100)", "(set-goal 1 1)"));
+    // An extra file loaded again records its constants again.
+    ExpectListing(dir.Run({"-x", "one.per", "--extra=two.per", "main.per"}),
+                  Listing("main.per", {"one.per", "main.per", "two.per"}, body,
+                          {"step = 1", "base-food = 100, 100", "level = 1, 3, 2, 1"}));
 }
 
-void ExpectSuccess(RunResult const &result, std::string const &strListing)
+TEST(CliListing, FilesLoadingThemselvesOrEachOtherEndAtTheFileBeingWritten)
 {
-    EXPECT_EQ(result.nStatus, 0) << result.strErr;
-    EXPECT_EQ(result.strErr, "");
-    EXPECT_EQ(result.strOut, strListing);
+    ScriptDir const dir({{"main.per", "(defconst lives 3)\n(load \"main\")\n"},
+                         {"a.per", "(load \"b\")\n" + kDoNothingRule},
+                         {"b.per", "(load \"a\")\n"}});
+    ExpectListing(dir.Run({"main.per"}), Listing("main.per", {"main.per"},
+                                                 Join({"(defconst lives 3)", ""}, LoadLines("main.per", {})),
+                                                 {"lives = 3, 3"}));
+    ExpectListing(dir.Run({"a.per"}), Listing("a.per", {"a.per", "b.per"},
+                                              Join(LoadLines("b.per", LoadLines("a.per", {})),
+                                                   RuleLines("(true)", "(do-nothing)"))));
 }
 
-} // namespace
-
-TEST(CliLoadListing, LoadedNamesTakeTheLoadingFilesDirectoryAndExtension)
+TEST(CliListing, SettingsOptionsApplyInOrderOnTheDefaultsAndTheLaterWins)
 {
-    ScriptDir dir;
-    dir.Write("main.per", "(load \"common\")\n(load \"sub/tools\")\n");
-    dir.Write("common.per", kDoNothingRule);
-    dir.Write("sub/tools.per", "(load \"deep\")\n");
-    dir.Write("sub/deep.per", "(defrule (food-amount < 50) => (chat-local-to-self \"low food\"))\n");
-
-    StrategyListing expected{"main.per", "main.per"};
-    expected.files = {"sub/tools.per", "common.per", "sub/deep.per", "main.per"};
-    expected.body = {";(load common.per)", Start("common.per"), ""};
-    Add(expected.body, RuleLines("(true)", "(do-nothing)"));
-    Add(expected.body, {"", End("common.per"), ""});
-    Add(expected.body, {";(load sub/tools.per)", Start("sub/tools.per"), ""});
-    Add(expected.body, {";(load sub/deep.per)", Start("sub/deep.per"), ""});
-    Add(expected.body,
-        RuleLines("(food-amount less-than 50)", "(chat-local-to-self \"low food\")"));
-    Add(expected.body, {"", End("sub/deep.per"), ""});
-    Add(expected.body, {"", End("sub/tools.per"), ""});
-
-    ExpectSuccess(dir.Run({"main.per"}), expected.Text());
-}
-
-TEST(CliLoadListing, WrittenExtensionsStayAndNamesWithoutExtensionGetNone)
-{
-    ScriptDir dir;
-    dir.Write("rules.txt", "(load \"x.per\")\n");
-    dir.Write("x.per.txt", kDoNothingRule);
-    dir.Write("plain", "(load \"other\")\n");
-    dir.Write("other", kDoNothingRule);
-
-    StrategyListing withExtension{"Rush", "rules.txt"};
-    withExtension.files = {"x.per.txt", "rules.txt"};
-    withExtension.body = {";(load x.per.txt)", Start("x.per.txt"), ""};
-    Add(withExtension.body, RuleLines("(true)", "(do-nothing)"));
-    Add(withExtension.body, {"", End("x.per.txt"), ""});
-    ExpectSuccess(dir.Run({"--name", "Rush", "rules.txt"}), withExtension.Text());
-
-    StrategyListing withoutExtension{"plain", "plain"};
-    withoutExtension.files = {"plain", "other"};
-    withoutExtension.body = {";(load other)", Start("other"), ""};
-    Add(withoutExtension.body, RuleLines("(true)", "(do-nothing)"));
-    Add(withoutExtension.body, {"", End("other"), ""});
-    ExpectSuccess(dir.Run({"plain"}), withoutExtension.Text());
-}
-
-TEST(CliLoadListing, BannersFillToEightyColumnsAndLongNamesGetNoFill)
-{
-    ScriptDir dir;
-    std::string const strLong = std::string(76, 'a') + ".per";  // 80 bytes
-    dir.Write("main.per", "(load \"" + std::string(76, 'a') + "\")\n");
-    dir.Write(strLong, kDoNothingRule);
-
-    std::string const strExpected = Lines({
-        ";main.per", "", ";main.per", "",
-        ";Game settings:  " + std::string(58, '*'),
-        ";DARK-AGE-START", ";MEDIUM-RESOURCES-START", ";SMALL-MAP", ";COASTAL-MAP",
-        ";VICTORY-STANDARD", ";DIFFICULTY-MODERATE", ";POPULATION-CAP-75", ";BYZANTINE-CIV",
-        ";GAME-SPEED-LOCKED", "",
-        ";Files:  " + std::string(66, '*'), ";" + strLong, ";main.per", "",
-        ";Constants:  " + std::string(62, '*'), "",
-        ";START main.per " + std::string(65, '*'), "",
-        ";(load " + strLong + ")",
-        ";START " + strLong + " ",
-        "",
-        "(defrule", "\t(true)", "=>", "\t(do-nothing)", ")", "",
-        "",
-        ";END " + strLong + " **",
-        "",
-        "",
-        ";END main.per " + std::string(67, '*'), ""});
-    ExpectSuccess(dir.Run({"main.per"}), strExpected);
-}
-
-TEST(CliExtraFiles, AreListedOnlyAmongTheFilesAndTheirConstantsReachTheMainFile)
-{
-    ScriptDir dir;
-    dir.Write("defs.per", "(defconst base-food 100)\n(defconst bonus 5)\n");
-    dir.Write("main.per",
-              "(defconst limit base-food)\n"
-              "(defrule\n"
-              "    (food-amount > limit)\n"
-              "    (goal 1 bonus)\n"
-              "=>\n"
-              "    (set-goal 2 base-food))\n");
-
-    StrategyListing expected{"main.per", "main.per"};
-    expected.files = {"defs.per", "main.per"};
-    // One bucket holds all three; the latest recorded comes first.
-    expected.constants = {"limit = 100", "bonus = 5", "base-food = 100"};
-    expected.body = {"(defconst limit 100)", "",
-                     "(defrule", "\t(food-amount greater-than 100)", "\t(goal 1 5)",
-                     "=>", "\t(set-goal 2 100)", ")", ""};
-    ExpectSuccess(dir.Run({"-x", "defs.per", "main.per"}), expected.Text());
-}
-
-TEST(CliExtraFiles, AreReadInOrderAndALaterDefinitionKeepsTheFirstValueInUse)
-{
-    ScriptDir dir;
-    dir.Write("one.per", "(defconst level 1)\n");
-    dir.Write("two.per", "(defconst level 3)\n(defconst step level)\n");
-    dir.Write("main.per", "(defconst level 2)\n(defrule (true) => (set-goal 1 level))\n");
-
-    StrategyListing expected{"main.per", "main.per"};
-    expected.files = {"one.per", "main.per", "two.per"};
-    expected.constants = {"step = 1", "level = 1, 3, 2"};
-    expected.body = {"(defconst level 2)", ""};
-    Add(expected.body, RuleLines("(true)", "(set-goal 1 1)"));
-    ExpectSuccess(dir.Run({"--extra", "one.per", "--extra=two.per", "main.per"}),
-                  expected.Text());
-}
-
-TEST(CliExtraFiles, LoadedAgainByTheMainFileRecordTheirConstantsTwice)
-{
-    ScriptDir dir;
-    dir.Write("defs.per", "(defconst base-food 100)\n(defconst bonus 5)\n");
-    dir.Write("main.per", "(load \"defs\")\n");
-
-    StrategyListing expected{"main.per", "main.per"};
-    expected.files = {"defs.per", "main.per"};
-    expected.constants = {"bonus = 5, 5", "base-food = 100, 100"};
-    expected.body = {";(load defs.per)", Start("defs.per"), "",
-                     "(defconst base-food 100)", "", "(defconst bonus 5)", "",
-                     "", End("defs.per"), ""};
-    ExpectSuccess(dir.Run({"-x", "defs.per", "main.per"}), expected.Text());
-}
-
-TEST(CliLoadCycles, AFileThatLoadsItselfIsReadOnceAndListedOnceInside)
-{
-    ScriptDir dir;
-    dir.Write("main.per", "(defconst lives 3)\n(load \"main\")\n");
-
-    StrategyListing expected{"main.per", "main.per"};
-    expected.files = {"main.per"};
-    expected.constants = {"lives = 3, 3"};
-    expected.body = {"(defconst lives 3)", "",
-                     ";(load main.per)", Start("main.per"), "", "", End("main.per"), ""};
-    ExpectSuccess(dir.Run({"main.per"}), expected.Text());
-}
-
-TEST(CliLoadCycles, TwoFilesLoadingEachOtherEndAtTheFileBeingWritten)
-{
-    ScriptDir dir;
-    dir.Write("a.per", "(load \"b\")\n" + kDoNothingRule);
-    dir.Write("b.per", "(load \"a\")\n");
-
-    StrategyListing expected{"a.per", "a.per"};
-    expected.files = {"a.per", "b.per"};
-    expected.body = {";(load b.per)", Start("b.per"), "",
-                     ";(load a.per)", Start("a.per"), "", "", End("a.per"), "",
-                     "", End("b.per"), ""};
-    Add(expected.body, RuleLines("(true)", "(do-nothing)"));
-    ExpectSuccess(dir.Run({"a.per"}), expected.Text());
-}
-
-TEST(CliSettingsOptions, ApplyInOrderOnTheDefaults)
-{
-    ScriptDir dir;
-    dir.Write("main.per", kDoNothingRule);
-    StrategyListing expected{"main.per", "main.per"};
-    expected.files = {"main.per"};
-    expected.body = RuleLines("(true)", "(do-nothing)");
-
-    expected.settings = {"DEATH-MATCH", "REGICIDE", "CASTLE-AGE-START",
-                         "MEDIUM-RESOURCES-START", "GIANT-MAP", "COASTAL-MAP",
-                         "VICTORY-STANDARD", "DIFFICULTY-HARDEST", "POPULATION-CAP-75",
-                         "", "TEAMS-LOCKED"};
-    ExpectSuccess(dir.Run({"-s", "bDeathMatch=7", "-D", "REGICIDE", "-D", "CASTLE-AGE-START",
-                           "-s", "nMapSize=5", "--set=nDifficulty=4", "-s",
-                           "bGameSpeedLocked=0", "--define", "TEAMS-LOCKED", "-s", "nCiv=20",
-                           "main.per"}),
-                  expected.Text());
-
-    // The later option wins.
-    expected.settings = DefaultSettings();
-    expected.settings[2] = "TINY-MAP";
-    ExpectSuccess(dir.Run({"-D", "GIANT-MAP", "-s", "nMapSize=0", "main.per"}), expected.Text());
-    expected.settings[2] = "GIANT-MAP";
-    ExpectSuccess(dir.Run({"-s", "nMapSize=0", "-D", "GIANT-MAP", "main.per"}), expected.Text());
+    ScriptDir const dir({{"main.per", kDoNothingRule}});
+    Strings settings = Join({"DEATH-MATCH"}, DefaultSettings());
+    settings[3] = "TINY-MAP";
+    settings[6] = "DIFFICULTY-HARDEST";
+    settings.pop_back();  // the game speed is not locked
+    Strings const body = RuleLines("(true)", "(do-nothing)");
+    ExpectListing(dir.Run({"-s", "bDeathMatch=7", "--set=nDifficulty=4", "-s", "bGameSpeedLocked=0", "-D",
+                           "GIANT-MAP", "-s", "nMapSize=0", "main.per"}),
+                  Listing("main.per", {"main.per"}, body, {}, settings));
+    settings[3] = "GIANT-MAP";
+    ExpectListing(dir.Run({"-s", "bDeathMatch=7", "--set=nDifficulty=4", "-s", "bGameSpeedLocked=0", "-s",
+                           "nMapSize=0", "-D", "GIANT-MAP", "main.per"}),
+                  Listing("main.per", {"main.per"}, body, {}, settings));
 }

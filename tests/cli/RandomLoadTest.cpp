@@ -1,128 +1,61 @@
-// Random loads through the host: --seed fixes the generator, so the choice
-// follows from the seed's draws.
+// Random loads through the host: --seed fixes the generator (seed 1 when not
+// given), so the choice follows from the seed's draws.
 #include <gtest/gtest.h>
 
 #include "CliTestSupport.h"
 
 namespace {
 
-class CliRandomLoad : public ::testing::Test
+// The listing lines of a random load of `options` that chose `file` (or
+// nothing); every file holds a rule chatting its own name.
+Strings RandomLines(Strings const &options, std::string const &strChosen)
 {
-protected:
-    void SetUp() override
-    {
-        for (char const *szFile : {"r1.per", "r2.per", "r3.per"})
-            m_dir.Write(szFile, "(defrule (true) => (chat-local-to-self \"" +
-                                    std::string(szFile) + "\"))\n");
-    }
-
-    // The listing of a main file holding `command`, which lists as `lines`.
-    static std::string Expected(std::vector<std::string> const &files,
-                                std::vector<std::string> const &lines)
-    {
-        StrategyListing expected{"main.per", "main.per"};
-        expected.files = files;
-        expected.body = lines;
-        return expected.Text();
-    }
-
-    // The listing lines of a random load that chose `file` (or nothing).
-    static std::vector<std::string> RandomLines(std::vector<std::string> const &header,
-                                                std::string const &strChosen)
-    {
-        std::vector<std::string> lines = header;
-        if (strChosen.empty())
-        {
-            lines.insert(lines.end(), {";loaded: none", "", ""});
-            return lines;
-        }
-        lines.insert(lines.end(),
-                     {";loaded: " + strChosen, "", Start(strChosen), "",
-                      "(defrule", "\t(true)", "=>",
-                      "\t(chat-local-to-self \"" + strChosen + "\")", ")", "",
-                      "", End(strChosen), ""});
-        return lines;
-    }
-
-    RunResult RunSeed(unsigned int nSeed) const
-    {
-        return m_dir.Run({"--seed", std::to_string(nSeed), "main.per"});
-    }
-
-    ScriptDir m_dir;
-};
-
-std::vector<std::string> const kWithDefault = {";(load-random", ";\t30 r1.per", ";\t50 r2.per",
-                                               ";\tr3.per", ";)"};
-std::vector<std::string> const kWithoutDefault = {";(load-random", ";\t30 r1.per",
-                                                  ";\t50 r2.per", ";)"};
+    Strings lines{";(load-random"};
+    for (std::string const &option : options)
+        lines.push_back(";\t" + option);
+    lines.push_back(";)");
+    if (strChosen.empty())
+        return Join(lines, {";loaded: none", "", ""});
+    Strings const rule = RuleLines("(true)", "(chat-local-to-self \"" + strChosen + "\")");
+    return Join(Join(lines, {";loaded: " + strChosen, ""}), Banners(strChosen, rule));
+}
 
 } // namespace
 
-TEST_F(CliRandomLoad, TheSeedsDrawPicksTheOptionWhoseRangeHoldsIt)
+TEST(CliRandomLoad, TheSeedsDrawPicksTheOptionWhoseRangeHoldsIt)
 {
-    m_dir.Write("main.per", "(load-random 30 \"r1\" 50 \"r2\" \"r3\")\n");
-    struct Case { int nLow, nHigh; char const *szFile; std::vector<std::string> files; };
-    Case const cases[] = {
-        {0, 0, "r1.per", {"r1.per", "main.per"}},
-        {30, 30, "r1.per", {"r1.per", "main.per"}},   // bounds belong to the earlier option
-        {31, 31, "r2.per", {"r2.per", "main.per"}},
-        {80, 80, "r2.per", {"r2.per", "main.per"}},
-        {81, 100, "r3.per", {"r3.per", "main.per"}},  // above every option: the default
+    ScriptDir const dir({{"r1.per", "(defrule (true) => (chat-local-to-self \"r1.per\"))\n"},
+                         {"r2.per", "(defrule (true) => (chat-local-to-self \"r2.per\"))\n"},
+                         {"r3.per", "(defrule (true) => (chat-local-to-self \"r3.per\"))\n"}});
+    std::string const strThree = "(load-random 30 \"r1\" 50 \"r2\" \"r3\")\n";
+    Strings const three = {"30 r1.per", "50 r2.per", "r3.per"};
+    struct Case
+    {
+        unsigned int nSeed;
+        std::string strScript;
+        Strings options;
+        std::string strChosen;
+    } const cases[] = {
+        {SeedDrawing(30, 30), strThree, three, "r1.per"},  // bounds belong to the earlier option
+        {SeedDrawing(31, 31), strThree, three, "r2.per"},
+        {SeedDrawing(80, 80), strThree, three, "r2.per"},
+        {SeedDrawing(81, 100), strThree, three, "r3.per"},  // above every option: the default
+        {SeedDrawing(81, 100), "(load-random 30 \"r1\" 50 \"r2\")\n", {"30 r1.per", "50 r2.per"}, ""},
     };
     for (Case const &c : cases)
     {
-        unsigned int const nSeed = SeedDrawing(c.nLow, c.nHigh);
-        RunResult const result = RunSeed(nSeed);
-        EXPECT_EQ(result.nStatus, 0) << result.strErr;
-        EXPECT_EQ(result.strOut, Expected(c.files, RandomLines(kWithDefault, c.szFile)))
-            << "seed " << nSeed;
+        dir.Write("main.per", c.strScript);
+        Strings const files = c.strChosen.empty() ? Strings{"main.per"} : Strings{c.strChosen, "main.per"};
+        SCOPED_TRACE("seed " + std::to_string(c.nSeed));
+        ExpectListing(dir.Run({"--seed", std::to_string(c.nSeed), "main.per"}),
+                      Listing("main.per", files, RandomLines(c.options, c.strChosen)));
     }
-}
 
-TEST_F(CliRandomLoad, WithoutADefaultADrawAboveTheOptionsLoadsNothing)
-{
-    m_dir.Write("main.per", "(load-random 30 \"r1\" 50 \"r2\")\n");
-    RunResult const result = RunSeed(SeedDrawing(81, 100));
-    EXPECT_EQ(result.nStatus, 0) << result.strErr;
-    EXPECT_EQ(result.strOut, Expected({"main.per"}, RandomLines(kWithoutDefault, "")));
-}
-
-TEST_F(CliRandomLoad, SuccessiveRandomLoadsTakeSuccessiveDraws)
-{
-    m_dir.Write("main.per", "(load-random 50 \"r1\" \"r2\")\n(load-random 50 \"r1\" \"r2\")\n");
-    // A seed whose first draw picks r2 and whose second picks r1.
-    unsigned int nSeed = 0;
-    for (;; ++nSeed)
-    {
-        std::vector<int> const x = Percents(nSeed, 2);
-        if (x[0] > 50 && x[1] <= 50)
-            break;
-    }
-    std::vector<std::string> const header = {";(load-random", ";\t50 r1.per", ";\tr2.per", ";)"};
-    std::vector<std::string> lines = RandomLines(header, "r2.per");
-    std::vector<std::string> const second = RandomLines(header, "r1.per");
-    lines.insert(lines.end(), second.begin(), second.end());
-
-    RunResult const result = RunSeed(nSeed);
-    EXPECT_EQ(result.nStatus, 0) << result.strErr;
-    EXPECT_EQ(result.strOut, Expected({"r1.per", "r2.per", "main.per"}, lines));
-}
-
-TEST_F(CliRandomLoad, WithoutASeedTheGeneratorStartsAsSeededWithOne)
-{
-    m_dir.Write("main.per", "(load-random 50 \"r1\" \"r2\")\n");
-    std::vector<std::string> const header = {";(load-random", ";\t50 r1.per", ";\tr2.per", ";)"};
-    bool const bFirst = Percents(1, 1)[0] <= 50;
-    std::string const strChosen = bFirst ? "r1.per" : "r2.per";
-    std::string const strExpected = Expected({strChosen, "main.per"}, RandomLines(header, strChosen));
-
-    RunResult const unseeded = m_dir.Run({"main.per"});
-    EXPECT_EQ(unseeded.nStatus, 0) << unseeded.strErr;
-    EXPECT_EQ(unseeded.strOut, strExpected);
-    EXPECT_EQ(RunSeed(1).strOut, strExpected);
-    // A seed with the other outcome really changes the choice.
-    RunResult const other = RunSeed(bFirst ? SeedDrawing(51, 100) : SeedDrawing(0, 50));
-    EXPECT_EQ(other.nStatus, 0) << other.strErr;
-    EXPECT_NE(other.strOut, strExpected);
+    // Successive loads take successive draws; seed 1's choose differently.
+    dir.Write("main.per", "(load-random 50 \"r1\" \"r2\")\n(load-random 50 \"r1\" \"r2\")\n");
+    ASSERT_NE(Percents(1, 2)[0] <= 50, Percents(1, 2)[1] <= 50);
+    Strings body;
+    for (int nDraw : Percents(1, 2))
+        body = Join(body, RandomLines({"50 r1.per", "r2.per"}, nDraw <= 50 ? "r1.per" : "r2.per"));
+    ExpectListing(dir.Run({"main.per"}), Listing("main.per", {"r1.per", "r2.per", "main.per"}, body));
 }

@@ -1,244 +1,189 @@
-// The object base, run-time class records and the behaviour the five list
-// classes share.
-#include <cstdint>
-#include <cstring>
-#include <memory>
-#include <type_traits>
+// What every object family answers: its run-time class, description,
+// validity and children.
+#include <climits>
 
 #include "TestSupport.h"
 
-TEST(ObjectBase, OffsetWritesOneTabPerLevelAndNothingBelowOne)
-{
-    AI_CObject object;
-    for (int nLevel : {0, -1, -5}) {
-        std::ostringstream os;
-        object.Offset(os, nLevel);
-        EXPECT_EQ("", os.str()) << nLevel;
-    }
-    std::ostringstream os;
-    object.Offset(os, 3);
-    EXPECT_EQ("\t\t\t", os.str());
-}
-
-TEST(ObjectBase, BareObjectDescribesItselfAndHasNothingToListOrEnumerate)
-{
-    AI_CObject object;
-    EXPECT_EQ("object", Describe(object));
-    AI_CObject const &constObject = object;
-    EXPECT_STREQ("object", constObject.GetDescription());
-    EXPECT_EQ("", Listing(object, 2));
-
-    CTypedPtrList<CObList, AI_CObject *> list;
-    AI_CObject other;
-    list.AddTail(&other);
-    object.GetObjects(list);
-    ASSERT_EQ(1, list.GetCount());
-    EXPECT_EQ(&other, list.GetHead());
-}
+using ObjectBase = VocabularyTest;
 
 namespace {
 
-struct ClassCase
+template <class T>
+std::string Valid(T const &object)
 {
-    CRuntimeClass *pClass;
-    char const *pszName;
-    CRuntimeClass *pBase;
-};
+    return std::to_string(object.IsValid());
+}
+
+// The description and, for the families that have one, the validity.
+template <class T>
+std::string Facts(T const &object)
+{
+    return Describe(object) + " | " + Valid(object);
+}
 
 }  // namespace
 
-TEST(ObjectBase, EveryClassHasItsRecordWithNameSchemaBaseAndFactory)
+TEST_F(ObjectBase, EveryClassHasItsRecordAndAFactoryForExactlyThatClass)
 {
-    ClassCase const aCases[] = {
-        {RUNTIME_CLASS(AI_CObject), "AI_CObject", RUNTIME_CLASS(CObject)},
-        {RUNTIME_CLASS(AI_CExpression), "AI_CExpression", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CExprList), "AI_CExprList", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CCE), "AI_CCE", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CTestCE), "AI_CTestCE", RUNTIME_CLASS(AI_CCE)},
-        {RUNTIME_CLASS(AI_COpCE), "AI_COpCE", RUNTIME_CLASS(AI_CCE)},
-        {RUNTIME_CLASS(AI_CCEList), "AI_CCEList", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CAction), "AI_CAction", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CActionList), "AI_CActionList", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CCommand), "AI_CCommand", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CDefruleCommand), "AI_CDefruleCommand", RUNTIME_CLASS(AI_CCommand)},
-        {RUNTIME_CLASS(AI_CDefconstCommand), "AI_CDefconstCommand", RUNTIME_CLASS(AI_CCommand)},
-        {RUNTIME_CLASS(AI_CCommandList), "AI_CCommandList", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CLoadCommand), "AI_CLoadCommand", RUNTIME_CLASS(AI_CCommand)},
-        {RUNTIME_CLASS(AI_CLoadOption), "AI_CLoadOption", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CLoadOptionList), "AI_CLoadOptionList", RUNTIME_CLASS(AI_CObject)},
-        {RUNTIME_CLASS(AI_CLoadRandomCommand), "AI_CLoadRandomCommand", RUNTIME_CLASS(AI_CCommand)},
-        {RUNTIME_CLASS(AI_CBlock), "AI_CBlock", RUNTIME_CLASS(AI_CCommand)},
+#define ROW(CLASS, BASE) {RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)}
+    struct {
+        CRuntimeClass *pClass;
+        char const *pszName;
+        CRuntimeClass *pBase;
+    } const aCases[] = {
+        ROW(AI_CObject, CObject), ROW(AI_CExpression, AI_CObject), ROW(AI_CExprList, AI_CObject),
+        ROW(AI_CCE, AI_CObject), ROW(AI_CTestCE, AI_CCE), ROW(AI_COpCE, AI_CCE), ROW(AI_CCEList, AI_CObject),
+        ROW(AI_CAction, AI_CObject), ROW(AI_CActionList, AI_CObject), ROW(AI_CCommand, AI_CObject),
+        ROW(AI_CDefruleCommand, AI_CCommand), ROW(AI_CDefconstCommand, AI_CCommand), ROW(AI_CCommandList, AI_CObject),
+        ROW(AI_CLoadCommand, AI_CCommand), ROW(AI_CLoadOption, AI_CObject), ROW(AI_CLoadOptionList, AI_CObject),
+        ROW(AI_CLoadRandomCommand, AI_CCommand), ROW(AI_CBlock, AI_CCommand), ROW(AI_CStrategy, AI_CObject),
     };
-    for (ClassCase const &c : aCases) {
+#undef ROW
+    for (auto const &c : aCases) {
         SCOPED_TRACE(c.pszName);
         EXPECT_STREQ(c.pszName, c.pClass->m_lpszClassName);
         EXPECT_EQ(0xFFFFu, c.pClass->m_wSchema);
         EXPECT_EQ(c.pBase, c.pClass->m_pBaseClass);
-        ASSERT_NE(nullptr, c.pClass->m_pfnCreateObject);
         std::unique_ptr<CObject> pObject(c.pClass->CreateObject());
         ASSERT_NE(nullptr, pObject);
-        // The factory makes an object of exactly this class.
         EXPECT_EQ(c.pClass, pObject->GetRuntimeClass());
     }
 }
 
-// Hosts may default-construct the base and the lists; every other class
-// only through its factory.
-TEST(ObjectBase, OnlyTheBaseAndTheListsArePubliclyDefaultConstructible)
+TEST_F(ObjectBase, BareObjectOffsetsByLevelAndHasNothingToListOrEnumerate)
 {
-    EXPECT_TRUE(std::is_default_constructible<AI_CObject>::value);
-    EXPECT_TRUE(std::is_default_constructible<AI_CExprList>::value);
-    EXPECT_TRUE(std::is_default_constructible<AI_CCEList>::value);
-    EXPECT_TRUE(std::is_default_constructible<AI_CActionList>::value);
-    EXPECT_TRUE(std::is_default_constructible<AI_CCommandList>::value);
-    EXPECT_TRUE(std::is_default_constructible<AI_CLoadOptionList>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CExpression>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CCE>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CTestCE>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_COpCE>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CAction>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CCommand>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CDefruleCommand>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CDefconstCommand>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CLoadCommand>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CLoadOption>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CLoadRandomCommand>::value);
-    EXPECT_FALSE(std::is_default_constructible<AI_CBlock>::value);
+    AI_CObject object;
+    std::ostringstream os;
+    for (int nLevel : {-5, 0, 3})
+        object.Offset(os, nLevel);
+    EXPECT_EQ("\t\t\t", os.str());
+    EXPECT_EQ("", Listing(object, 2));
+    EXPECT_TRUE(Children(object).empty());
 }
 
-TEST(ObjectBase, FactoryMadeObjectsAreEmpty)
+TEST_F(ObjectBase, EveryFamilyDescribesItselfAndKnowsWhenItIsValid)
 {
-    std::unique_ptr<CObject> pObject(RUNTIME_CLASS(AI_CTestCE)->CreateObject());
-    AI_CTestCE *pTest = static_cast<AI_CTestCE *>(pObject.get());
-    EXPECT_EQ(0u, pTest->GetSID());
-    EXPECT_EQ(nullptr, pTest->GetExpressions());
-
-    std::unique_ptr<CObject> pBlockObject(RUNTIME_CLASS(AI_CBlock)->CreateObject());
-    AI_CBlock *pBlock = static_cast<AI_CBlock *>(pBlockObject.get());
-    EXPECT_EQ(0, pBlock->GetIf());
-    EXPECT_EQ(nullptr, pBlock->GetIfCommands());
-    EXPECT_EQ(nullptr, pBlock->GetElseCommands());
-    EXPECT_TRUE(Children(*pBlock).empty());
+    unsigned int nConst = AI_AddConstant("my-const", 1);
+    auto op = [](int nOp, bool bFirst, bool bSecond) {
+        auto fact = [] { return new AI_CTestCE(kTrue, nullptr); };
+        return Valid(AI_COpCE(static_cast<AI_COpCE::Op>(nOp), bFirst ? fact() : nullptr, bSecond ? fact() : nullptr));
+    };
+    AI_CLoadOptionList *pOptions = Options({{30, "a"}, {50, "b"}});
+    HandLoadRandom chosen(pOptions, Str("d"));
+    chosen.SetLoaded(OptionName(pOptions, 1), nullptr);
+    std::vector<std::pair<std::string, std::string>> rows = {
+        {Describe(AI_CObject()), "object"},
+        {Facts(*Made<AI_CCommand>(RUNTIME_CLASS(AI_CCommand))), "object | 1"},
+        // Symbols must be registered parameter words; strings present.
+        {Facts(AI_CExpression(unsigned(kVillager))), "symbol: villager | 1"},
+        {Facts(AI_CExpression(unsigned(kTrue))), "symbol: true | 0"},
+        {Facts(AI_CExpression(unsigned(kDoNothing))), "symbol: do-nothing | 0"},
+        {Facts(AI_CExpression(unsigned(kSmallMap))), "symbol: SMALL-MAP | 0"},
+        {Facts(AI_CExpression(3499u)), "symbol:  | 0"},  // in range, never registered
+        {Facts(AI_CExpression(Str("hi there"))), "string: hi there | 1"},
+        {Facts(AI_CExpression(Str(""))), "string:  | 1"},
+        {Valid(AI_CExpression(static_cast<CString *>(nullptr))), "0"},
+        {Facts(AI_CExpression(INT_MIN)), "integer: -2147483648 | 1"},
+        {Facts(*Made<AI_CExpression>(RUNTIME_CLASS(AI_CExpression))), "integer: 0 | 1"},
+        {Describe(*Own(Args({new AI_CExpression(1), new AI_CExpression(2)}))), "expression list: 2 expressions"},
+        {Describe(AI_CExprList()), "expression list: 0 expressions"},
+        // Fact tests and actions need their kind of word, with arguments or not.
+        {Facts(AI_CTestCE(kTrue, nullptr)), "fact: true | 1"},
+        {Facts(AI_CTestCE(kFoodAmount, Args({new AI_CExpression(1)}))), "fact: food-amount | 1"},
+        {Facts(AI_CTestCE(kDoNothing, nullptr)), "fact: do-nothing | 0"},
+        {Facts(AI_CTestCE(kVillager, nullptr)), "fact: villager | 0"},
+        {Facts(AI_CTestCE(0, nullptr)), "fact:  | 0"},
+        {Describe(AI_CCEList()), "fact list: 0 CEs"},
+        {Facts(AI_CAction(kDoNothing, nullptr)), "action: do-nothing | 1"},
+        {Facts(AI_CAction(kTrain, Args({new AI_CExpression(unsigned(kVillager))}))), "action: train | 1"},
+        {Facts(AI_CAction(kTrue, nullptr)), "action: true | 0"},
+        {Facts(AI_CAction(0, nullptr)), "action:  | 0"},
+        {Describe(*Own(ListOf<AI_CActionList>({new AI_CAction(kDoNothing, nullptr)}))), "action list: 1 actions"},
+        // Operators: a known one, the first operand, the second for all but "not".
+        {op(AI_COpCE::opNot, true, false) + op(AI_COpCE::opNot, true, true) + op(AI_COpCE::opNot, false, false), "100"},
+        {op(AI_COpCE::opAnd, true, true) + op(AI_COpCE::opAnd, true, false) + op(AI_COpCE::opAnd, false, true), "100"},
+        {op(AI_COpCE::opXnor, true, true) + op(7, true, true) + op(7, true, false) + op(-1, true, true), "1000"},
+        // Rules need both lists, empty or not; constants a constant's SID.
+        {Facts(AI_CDefruleCommand(new AI_CCEList, new AI_CActionList)), "defrule command | 1"},
+        {Valid(AI_CDefruleCommand(new AI_CCEList, nullptr)) + Valid(AI_CDefruleCommand(nullptr, new AI_CActionList)),
+         "00"},
+        {Facts(AI_CDefconstCommand(nConst, -5, nullptr)), "defconst command: my-const = -5 | 1"},
+        {Facts(AI_CDefconstCommand(kTrue, 1, nullptr)), "defconst command: true = 1 | 0"},
+        {Describe(*Own(Commands({Rule(), Rule()}))), "command list: 2 commands"},
+        {Describe(AI_CCommandList()), "command list: 0 commands"},
+        // Loads need a name; options 1 to 100 and a name; random loads a
+        // total of at most 100; blocks a define and a first list.
+        {Facts(HandLoad(Str("dir/abc.per"))), "load command: dir/abc.per | 1"},
+        {Valid(AI_CLoadCommand(nullptr, nullptr)), "0"},
+        {Facts(AI_CLoadOption(30, Str("x.per"))), "load option: 30, x.per | 1"},
+        {Valid(AI_CLoadOption(1, Str("f"))) + Valid(AI_CLoadOption(100, Str("f"))), "11"},
+        {Valid(AI_CLoadOption(0, Str("f"))) + Valid(AI_CLoadOption(101, Str("f"))) +
+             Valid(AI_CLoadOption(-1, Str("f"))) + Valid(AI_CLoadOption(50, nullptr)),
+         "0000"},
+        {Describe(AI_CLoadOptionList()), "load options list: 0 load options"},
+        {Describe(*pOptions) + ", total " + std::to_string(pOptions->GetTotalProbability()),
+         "load options list: 2 load options, total 80"},
+        {std::to_string(AI_CLoadOptionList().GetTotalProbability()), "0"},
+        {Facts(AI_CLoadRandomCommand(nullptr, nullptr, nullptr)), "load random command: default ?, loaded ? | 1"},
+        {Facts(*Made<AI_CLoadRandomCommand>(RUNTIME_CLASS(AI_CLoadRandomCommand))),
+         "load random command: default ?, loaded ? | 1"},
+        {Facts(AI_CLoadRandomCommand(nullptr, Str("d"), nullptr)), "load random command: default d, loaded ? | 1"},
+        {Facts(chosen), "load random command: default d, loaded b | 1"},
+        {Valid(AI_CLoadRandomCommand(Options({}), nullptr, nullptr)) +
+             Valid(AI_CLoadRandomCommand(Options({{60, "a"}, {40, "b"}}), nullptr, nullptr)) +
+             Valid(AI_CLoadRandomCommand(Options({{60, "a"}, {41, "b"}}), Str("d"), nullptr)),
+         "110"},
+        {Facts(AI_CBlock(1, kSmallMap, new AI_CCommandList, nullptr)), "block: load if defined SMALL-MAP | 1"},
+        {Facts(AI_CBlock(0, kDeathMatch, new AI_CCommandList, new AI_CCommandList)),
+         "block: load if not defined DEATH-MATCH | 1"},
+        {Facts(AI_CBlock(1, kVillager, new AI_CCommandList, nullptr)), "block: load if defined villager | 0"},
+        {Facts(AI_CBlock(0, kSmallMap, nullptr, new AI_CCommandList)), "block: load if not defined SMALL-MAP | 0"},
+    };
+    char const *const apszKeywords[] = {"not", "and", "or", "xor", "nand", "nor", "xnor"};
+    for (int n = 0; n < 7; ++n)
+        rows.push_back({Describe(AI_COpCE(static_cast<AI_COpCE::Op>(n), nullptr, nullptr)),
+                        std::string("fact operation: ") + apszKeywords[n]});
+    ExpectRows(rows);
 }
 
-TEST(ObjectBase, EmptyListsDescribeThemselvesWithZeroAndListNothing)
+// Lists enumerate their elements, not what the elements hold; parts that
+// are absent are left out.
+TEST_F(ObjectBase, ChildrenAreTheDirectPartsInOrder)
 {
-    AI_CExprList exprs;
-    AI_CCEList ces;
-    AI_CActionList actions;
-    AI_CCommandList commands;
-    AI_CLoadOptionList options;
-    EXPECT_EQ("expression list: 0 expressions", Describe(exprs));
-    EXPECT_EQ("fact list: 0 CEs", Describe(ces));
-    EXPECT_EQ("action list: 0 actions", Describe(actions));
-    EXPECT_EQ("command list: 0 commands", Describe(commands));
-    EXPECT_EQ("load options list: 0 load options", Describe(options));
-    for (AI_CObject const *p : std::initializer_list<AI_CObject const *>{&exprs, &ces, &actions, &commands, &options}) {
-        EXPECT_EQ("", Listing(*p, 1));
-        EXPECT_TRUE(Children(*p).empty());
-    }
+    AI_CExpression *pOne = new AI_CExpression(1);
+    AI_CExpression *pTwo = new AI_CExpression(Str("x"));
+    AI_CExprList *pArgs = Args({pOne, pTwo});
+    AI_CTestCE *pFirst = new AI_CTestCE(kFoodAmount, pArgs);
+    AI_CCE *pSecond = new AI_CTestCE(kTrue, nullptr);
+    AI_COpCE *pOr = new AI_COpCE(AI_COpCE::opOr, pFirst, pSecond);
+    AI_CCE *pOnly = new AI_CTestCE(kTrue, nullptr);
+    AI_COpCE unary(AI_COpCE::opNot, pOnly, nullptr);
+    AI_CCEList *pCEs = ListOf<AI_CCEList>({pOr});
+    AI_CExprList *pUnit = Args({new AI_CExpression(unsigned(kVillager))});
+    AI_CAction *pAction = new AI_CAction(kTrain, pUnit);
+    AI_CActionList *pActions = ListOf<AI_CActionList>({pAction});
+    AI_CDefruleCommand *pRule = new AI_CDefruleCommand(pCEs, pActions);
+    AI_CCommand *pConst = new AI_CDefconstCommand(0, 1, nullptr);
+    std::unique_ptr<AI_CCommandList> pCommands(Commands({pRule, pConst}));
+    AI_CCommandList loaded;
+    AI_CLoadOptionList *pOptions = Options({{30, "a"}});
+    HandLoadRandom random(pOptions, nullptr);
+    HandLoadRandom chosen(nullptr, Str("d"));
+    chosen.SetLoaded(chosen.GetFilename(), &loaded);
+    AI_CCommandList *apLists[] = {new AI_CCommandList, new AI_CCommandList, new AI_CCommandList};
+    using V = std::vector<AI_CObject *>;
+    ExpectRows<V>({
+        {Children(*pArgs), V{pOne, pTwo}}, {Children(*pFirst), V{pArgs}}, {Children(*pOr), V{pFirst, pSecond}},
+        {Children(unary), V{pOnly}}, {Children(*pCEs), V{pOr}}, {Children(*pAction), V{pUnit}},
+        {Children(*pRule), V{pCEs, pActions}}, {Children(*pCommands), V{pRule, pConst}},
+        {Children(HandLoad(Str("a"), &loaded)), V{&loaded}}, {Children(random), V{pOptions}},
+        {Children(chosen), V{&loaded}},
+        {Children(AI_CBlock(1, kSmallMap, apLists[0], apLists[1])), V{apLists[0], apLists[1]}},
+        {Children(AI_CBlock(0, kSmallMap, apLists[2], nullptr)), V{apLists[2]}},
+        {Children(*pOne), V{}}, {Children(*pSecond), V{}}, {Children(*pConst), V{}},
+        {Children(AI_CAction(kDoNothing, nullptr)), V{}}, {Children(HandLoad(Str("a"))), V{}},
+        {Children(AI_CLoadOption(5, Str("a"))), V{}},
+    });
+    random.SetLoaded(OptionName(pOptions, 0), &loaded);
+    EXPECT_EQ((V{pOptions, &loaded}), Children(random));
 }
-
-TEST(ObjectBase, GetObjectsAppendsDirectElementsAfterWhatTheListHolds)
-{
-    AI_CCommandList commands;
-    AI_CCommand *aCommands[3];
-    for (AI_CCommand *&p : aCommands) {
-        p = new AI_CDefruleCommand(new AI_CCEList, new AI_CActionList);
-        commands.Add(p);
-    }
-    AI_CObject old;
-    CTypedPtrList<CObList, AI_CObject *> out;
-    out.AddTail(&old);
-    commands.GetObjects(out);
-    ASSERT_EQ(4, out.GetCount());
-    POSITION pos = out.GetHeadPosition();
-    EXPECT_EQ(&old, out.GetNext(pos));
-    for (AI_CCommand *p : aCommands)
-        EXPECT_EQ(p, out.GetNext(pos));  // the rules, not their condition lists
-}
-
-TEST(ObjectBase, DestroyingAListDestroysEachElementOnceInOrder)
-{
-    std::vector<int> log;
-    {
-        AI_CCEList list;
-        for (int i = 1; i <= 3; ++i)
-            list.Add(new Tracked<AI_CTestCE>(&log, i, unsigned(kTrue), static_cast<AI_CExprList *>(nullptr)));
-    }
-    EXPECT_EQ((std::vector<int>{1, 2, 3}), log);
-}
-
-TEST(ObjectBase, DestroyingAListSkipsNullEntries)
-{
-    std::vector<int> log;
-    {
-        AI_CExprList list;
-        list.Add(nullptr);
-        list.Add(new Tracked<AI_CExpression>(&log, 7, 7));
-        EXPECT_EQ(1u, Children(list).size());
-    }
-    EXPECT_EQ((std::vector<int>{7}), log);
-}
-
-// A host built against the library calls the virtual operations through
-// their vtable slots, so the slot of every operation is part of the
-// interface. Under the Itanium C++ ABI a pointer to a virtual member holds
-// 1 + the byte offset of its slot.
-#if defined(__GNUC__)
-template <class PMF>
-long Slot(PMF pmf)
-{
-    static_assert(sizeof(PMF) == 2 * sizeof(std::uintptr_t), "Itanium member pointer");
-    std::uintptr_t aWords[2];
-    std::memcpy(aWords, &pmf, sizeof aWords);
-    if ((aWords[0] & 1) == 0)
-        return -1;  // not virtual
-    return static_cast<long>((aWords[0] - 1) / sizeof(void *));
-}
-
-TEST(ObjectBase, VirtualOperationsOccupyTheirSlotsInDeclarationOrder)
-{
-    // 0 GetRuntimeClass, 1-2 destructor, 3-5 the three hooks of CObject.
-    EXPECT_EQ(0, Slot(&AI_CObject::GetRuntimeClass));
-    EXPECT_EQ(6, Slot(static_cast<CString (AI_CObject::*)()>(&AI_CObject::GetDescription)));
-    EXPECT_EQ(7, Slot(&AI_CObject::GetObjects));
-    EXPECT_EQ(8, Slot(&AI_CObject::PrettyPrint));
-
-    EXPECT_EQ(9, Slot(&AI_CExpression::IsValid));
-    EXPECT_EQ(10, Slot(&AI_CExpression::Invalidate));
-
-    EXPECT_EQ(9, Slot(&AI_CCE::IsValid));
-    EXPECT_EQ(10, Slot(&AI_CCE::IsTrue));
-    EXPECT_EQ(11, Slot(&AI_CTestCE::Invalidate));
-    EXPECT_EQ(11, Slot(&AI_COpCE::Invalidate));
-
-    EXPECT_EQ(9, Slot(&AI_CAction::IsValid));
-    EXPECT_EQ(10, Slot(&AI_CAction::Invalidate));
-    EXPECT_EQ(11, Slot(&AI_CAction::Execute));
-
-    EXPECT_EQ(9, Slot(&AI_CLoadOption::IsValid));
-    EXPECT_EQ(10, Slot(&AI_CLoadOption::Invalidate));
-
-    EXPECT_EQ(9, Slot(&AI_CCommand::IsValid));
-    EXPECT_EQ(10, Slot(&AI_CCommand::Check));
-    EXPECT_EQ(11, Slot(&AI_CCommand::Load));
-    EXPECT_EQ(12, Slot(&AI_CCommand::IsLoaded));
-    EXPECT_EQ(13, Slot(&AI_CDefruleCommand::Invalidate));
-    EXPECT_EQ(13, Slot(&AI_CDefconstCommand::Invalidate));
-    EXPECT_EQ(13, Slot(&AI_CLoadCommand::Invalidate));
-    EXPECT_EQ(13, Slot(&AI_CLoadRandomCommand::Invalidate));
-    EXPECT_EQ(13, Slot(&AI_CBlock::Invalidate));
-
-    EXPECT_EQ(9, Slot(&AI_CExprList::Add));
-    EXPECT_EQ(9, Slot(&AI_CLoadOptionList::Add));
-    EXPECT_EQ(9, Slot(&AI_CCEList::Add));
-    EXPECT_EQ(10, Slot(&AI_CCEList::IsTrue));
-    EXPECT_EQ(9, Slot(&AI_CActionList::Add));
-    EXPECT_EQ(10, Slot(&AI_CActionList::Execute));
-    EXPECT_EQ(9, Slot(static_cast<void (AI_CCommandList::*)(AI_CCommandList *)>(&AI_CCommandList::Add)));
-    EXPECT_EQ(10, Slot(static_cast<AI_CCommand *(AI_CCommandList::*)(AI_CCommand *)>(&AI_CCommandList::Add)));
-    EXPECT_EQ(11, Slot(&AI_CCommandList::Check));
-    EXPECT_EQ(12, Slot(&AI_CCommandList::Load));
-}
-#endif

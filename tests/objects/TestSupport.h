@@ -1,29 +1,33 @@
-// Shared pieces of the object-model tests: a fixture with the built-in
-// vocabulary, listing capture, and probe objects whose answers a test sets
-// and whose calls and destruction it observes.
+// Shared pieces of the object-model and strategy tests: a fixture with the
+// built-in vocabulary, text capture, row checks, probes whose answers a test
+// sets and whose calls and destruction it observes, hand-built pieces, and
+// the runtime generator computed on its own.
 #ifndef STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 #define STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "objects/AI_Objects.h"
+#include "strategy/AI_CStrategy.h"
 #include "vocabulary/AI_Vocabulary.h"
 
 // Built-in SIDs used by the tests.
 enum : unsigned int {
-    kTrue = 300,          // fact without parameters
-    kFoodAmount = 391,    // fact (rel-op, value)
-    kDoNothing = 600,     // action without parameters
-    kChatToAll = 504,     // action (string)
-    kTrain = 614,         // action (unit)
-    kSmallMap = 131,      // define
-    kDeathMatch = 100,    // define
-    kLessThan = 2300,     // param
-    kVillager = 3110,     // param
+    kTrue = 300,         // fact without parameters
+    kFoodAmount = 391,   // fact (rel-op, value)
+    kDoNothing = 600,    // action without parameters
+    kChatToAll = 504,    // action (string)
+    kTrain = 614,        // action (unit)
+    kSmallMap = 131,     // define
+    kDeathMatch = 100,   // define
+    kLessThan = 2300,    // param
+    kVillager = 3110,    // param
 };
 
 class VocabularyTest : public ::testing::Test
@@ -39,6 +43,24 @@ protected:
     void TearDown() override { AI_DeleteAll(); }
 };
 
+// Each row: what the code gave, what it should give.
+template <class T>
+void ExpectRows(std::vector<std::pair<T, T>> const &rows)
+{
+    for (size_t i = 0; i < rows.size(); ++i)
+        EXPECT_EQ(rows[i].second, rows[i].first) << "row " << i;
+}
+
+template <class T>
+std::unique_ptr<T> Own(T *p) { return std::unique_ptr<T>(p); }
+
+// An object made by the class's factory.
+template <class T = AI_CObject>
+std::unique_ptr<T> Made(CRuntimeClass *pClass)
+{
+    return Own(static_cast<T *>(pClass->CreateObject()));
+}
+
 inline std::string Listing(AI_CObject const &object, int nLevel = 0)
 {
     std::ostringstream os;
@@ -46,166 +68,147 @@ inline std::string Listing(AI_CObject const &object, int nLevel = 0)
     return os.str();
 }
 
-inline std::string Describe(AI_CObject &object)
-{
-    return object.GetDescription().GetString();
-}
+inline std::string Describe(AI_CObject const &object) { return object.GetDescription().GetString(); }
 
-// The direct children, as GetObjects appends them to an empty list.
+// The direct children. GetObjects must append them after what the list
+// already holds, so a marker goes in first and must stay first.
 inline std::vector<AI_CObject *> Children(AI_CObject const &object)
 {
+    AI_CObject marker;
     CTypedPtrList<CObList, AI_CObject *> list;
+    list.AddTail(&marker);
     object.GetObjects(list);
     std::vector<AI_CObject *> result;
     for (POSITION pos = list.GetHeadPosition(); pos;)
         result.push_back(list.GetNext(pos));
+    if (result.empty() || result.front() != &marker)
+        ADD_FAILURE() << "GetObjects dropped what the list held";
+    else
+        result.erase(result.begin());
     return result;
 }
 
-// Records its id in a log when destroyed.
-template <class BASE>
-class Tracked : public BASE
-{
-public:
-    template <class... ARGS>
-    Tracked(std::vector<int> *pLog, int nId, ARGS... args) : BASE(args...), m_pLog(pLog), m_nId(nId)
-    {
-    }
-    ~Tracked() override { m_pLog->push_back(m_nId); }
+inline std::string Stars(int n) { return std::string(n, '*'); }
 
-private:
+// The defaults of the settings record.
+inline AI_GameSettings DefaultSettings() { return AI_GameSettings{0, 0, 0, 1, 1, 4, 0, 2, 2, 1, 0, 2}; }
+
+// The recorded values of a constant, in recording order.
+inline std::vector<int> Values(AI_CStrategy const &strategy, unsigned int nSID)
+{
+    std::vector<int> values;
+    CArray<int, int> *pValues = nullptr;
+    if (strategy.GetConstants().Lookup(nSID, pValues))
+        for (int i = 0; i < pValues->GetSize(); ++i)
+            values.push_back(pValues->GetAt(i));
+    return values;
+}
+
+// Records its id in a log when destroyed, before its parts go.
+template <class BASE>
+struct Tracked : BASE {
+    template <class... ARGS>
+    Tracked(std::vector<int> *pLog, int nId, ARGS... args) : BASE(args...), m_pLog(pLog), m_nId(nId) {}
+    ~Tracked() override { m_pLog->push_back(m_nId); }
     std::vector<int> *m_pLog;
     int m_nId;
 };
 
-// A condition with a set answer that counts its evaluations.
-class ProbeCE : public AI_CCE
-{
-public:
-    ProbeCE(int nAnswer, int *pCalls) : m_nAnswer(nAnswer), m_pCalls(pCalls) {}
-    int IsTrue() const override
-    {
-        ++*m_pCalls;
-        return m_nAnswer;
-    }
+template <class BASE, class... ARGS>
+BASE *Track(std::vector<int> *pLog, int nId, ARGS... args) { return new Tracked<BASE>(pLog, nId, args...); }
 
-private:
+// Probes answer as set and note each call in a log: conditions and actions
+// their name, commands "check <name>" or "load <name>".
+using Calls = std::vector<std::string>;
+
+struct Probe {
+    int Note(char const *pszWhat) const { return m_pLog->push_back(pszWhat + m_strName), m_nAnswer; }
     int m_nAnswer;
-    int *m_pCalls;
-};
-
-// An action with a set result that counts its executions.
-class ProbeAction : public AI_CAction
-{
-public:
-    ProbeAction(int nResult, int *pCalls) : AI_CAction(kDoNothing, nullptr), m_nResult(nResult), m_pCalls(pCalls) {}
-    int Execute() override
-    {
-        ++*m_pCalls;
-        return m_nResult;
-    }
-
-private:
-    int m_nResult;
-    int *m_pCalls;
-};
-
-// A command with a set Check answer that counts its checks and loads.
-class ProbeCommand : public AI_CCommand
-{
-public:
-    ProbeCommand(int nCheck, int nLoaded, std::vector<std::string> *pLog, std::string strName)
-        : m_nCheck(nCheck), m_nLoaded(nLoaded), m_pLog(pLog), m_strName(std::move(strName))
-    {
-    }
-    int Check() override
-    {
-        m_pLog->push_back("check " + m_strName);
-        return m_nCheck;
-    }
-    void Load() override { m_pLog->push_back("load " + m_strName); }
-    int IsLoaded() const override { return m_nLoaded; }
-
-private:
-    int m_nCheck;
-    int m_nLoaded;
-    std::vector<std::string> *m_pLog;
+    Calls *m_pLog;
     std::string m_strName;
 };
 
-inline CString *Str(char const *psz)
-{
-    return new CString(psz);
-}
+struct ProbeCE : AI_CCE, Probe {
+    ProbeCE(int nAnswer, Calls *pLog, char const *pszName) : Probe{nAnswer, pLog, pszName} {}
+    int IsTrue() const override { return Note(""); }
+};
 
-// An argument list holding the given expressions, in order.
-inline AI_CExprList *Args(std::initializer_list<AI_CExpression *> expressions)
+struct ProbeAction : AI_CAction, Probe {
+    ProbeAction(int nResult, Calls *pLog, char const *pszName)
+        : AI_CAction(kDoNothing, nullptr), Probe{nResult, pLog, pszName} {}
+    int Execute() override { return Note(""); }
+};
+
+struct ProbeCommand : AI_CCommand, Probe {
+    ProbeCommand(int nCheck, int nLoaded, Calls *pLog, char const *pszName)
+        : Probe{nCheck, pLog, pszName}, m_nLoaded(nLoaded) {}
+    int Check() override { return Note("check "); }
+    void Load() override { Note("load "); }
+    int IsLoaded() const override { return m_nLoaded; }
+    int m_nLoaded;
+};
+
+inline CString *Str(char const *psz) { return new CString(psz); }
+
+// Lists holding the given elements, in order.
+template <class LIST, class ELEMENT>
+LIST *ListOf(std::initializer_list<ELEMENT *> elements)
 {
-    AI_CExprList *pList = new AI_CExprList;
-    for (AI_CExpression *p : expressions)
+    LIST *pList = new LIST;
+    for (ELEMENT *p : elements)
         pList->Add(p);
     return pList;
 }
 
-// A rule with one condition and one action.
-inline AI_CDefruleCommand *Rule(AI_CCE *pCE, AI_CAction *pAction)
-{
-    AI_CCEList *pCEs = new AI_CCEList;
-    pCEs->Add(pCE);
-    AI_CActionList *pActions = new AI_CActionList;
-    pActions->Add(pAction);
-    return new AI_CDefruleCommand(pCEs, pActions);
-}
+inline AI_CExprList *Args(std::initializer_list<AI_CExpression *> e) { return ListOf<AI_CExprList>(e); }
+inline AI_CCommandList *Commands(std::initializer_list<AI_CCommand *> c) { return ListOf<AI_CCommandList>(c); }
 
-// A command list holding the given commands, in order.
-inline AI_CCommandList *Commands(std::initializer_list<AI_CCommand *> commands)
+inline AI_CLoadOptionList *Options(std::initializer_list<std::pair<int, char const *>> options)
 {
-    AI_CCommandList *pList = new AI_CCommandList;
-    for (AI_CCommand *p : commands)
-        pList->Add(p);
+    AI_CLoadOptionList *pList = new AI_CLoadOptionList;
+    for (auto const &option : options)
+        pList->Add(new AI_CLoadOption(option.first, Str(option.second)));
     return pList;
 }
 
-// A load command whose loaded list a test sets by hand, as loading would.
-class HandLoad : public AI_CLoadCommand
+// The name of the option at the index.
+inline CString const *OptionName(AI_CLoadOptionList const *pOptions, int nIndex)
 {
-public:
-    explicit HandLoad(char const *pszFilename, AI_CCommandList *pLoaded = nullptr)
-        : AI_CLoadCommand(Str(pszFilename), nullptr)
-    {
-        m_pCommands = pLoaded;
-    }
-    HandLoad(CString *pFilename, AI_CCommandList *pLoaded) : AI_CLoadCommand(pFilename, nullptr)
-    {
-        m_pCommands = pLoaded;
-    }
-    void SetLoaded(AI_CCommandList *pLoaded) { m_pCommands = pLoaded; }
-};
-
-// A random load whose choice and loaded list a test sets by hand.
-class HandLoadRandom : public AI_CLoadRandomCommand
-{
-public:
-    HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pDefault) : AI_CLoadRandomCommand(pOptions, pDefault, nullptr)
-    {
-    }
-    void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded)
-    {
-        m_pLoaded = pChosen;
-        m_pCommands = pLoaded;
-    }
-};
-
-// The runtime generator, computed on its own:
-// state = state * 214013 + 2531011, r = (state >> 16) & 0x7FFF.
-inline int NextDraw(unsigned int &state)
-{
-    state = state * 214013u + 2531011u;
-    return static_cast<int>((state >> 16) & 0x7FFF);
+    POSITION pos = pOptions->GetLoadOptions().GetHeadPosition();
+    while (nIndex-- > 0)
+        pOptions->GetLoadOptions().GetNext(pos);
+    return pOptions->GetLoadOptions().GetAt(pos)->GetFilename();
 }
 
-// The state before the given one: solves prev * 214013 + 2531011 = state
-// (modulo 2^32) with the inverse of the odd multiplier.
+// The rule (defrule (true) => (do-nothing)), or one with the given parts.
+inline AI_CDefruleCommand *Rule(AI_CCE *pCE = nullptr, AI_CAction *pAction = nullptr)
+{
+    return new AI_CDefruleCommand(ListOf<AI_CCEList>({pCE ? pCE : new AI_CTestCE(kTrue, nullptr)}),
+                                  ListOf<AI_CActionList>({pAction ? pAction : new AI_CAction(kDoNothing, nullptr)}));
+}
+
+// Load commands whose loaded list and choice a test sets by hand, as
+// loading would.
+struct HandLoad : AI_CLoadCommand {
+    HandLoad(CString *pName, AI_CCommandList *pLoaded = nullptr) : AI_CLoadCommand(pName, nullptr)
+    {
+        m_pCommands = pLoaded;
+    }
+};
+
+struct HandLoadRandom : AI_CLoadRandomCommand {
+    HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pName) : AI_CLoadRandomCommand(pOptions, pName, nullptr) {}
+    void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded) { m_pLoaded = pChosen, m_pCommands = pLoaded; }
+};
+
+// The runtime generator: state = state * 214013 + 2531011, the draw is
+// (state >> 16) & 0x7FFF, its percentage the floor of 100 r / 32767.
+inline int Draw(unsigned int state) { return static_cast<int>((state >> 16) & 0x7FFF); }
+inline int NextDraw(unsigned int &state) { return Draw(state = state * 214013u + 2531011u); }
+inline int PercentOf(int r) { return 100 * r / 32767; }
+
+// The state before the given one, with the inverse of the odd multiplier
+// modulo 2^32.
 inline unsigned int StateBefore(unsigned int state)
 {
     unsigned int nInverse = 214013u;
@@ -223,10 +226,12 @@ inline unsigned int SeedFor(int r)
     return nSeed;
 }
 
-// The percentage of a draw: the floor of 100 r / 32767.
-inline int PercentOf(int r)
+// The first draw from r on, walking by the step, whose percentage is x.
+inline int DrawFor(int x, int r, int nStep)
 {
-    return 100 * r / 32767;
+    while (PercentOf(r) != x)
+        r += nStep;
+    return r;
 }
 
 #endif

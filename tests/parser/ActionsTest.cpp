@@ -4,12 +4,7 @@
 
 namespace {
 
-class ActionsTest : public FrontEndTest
-{
-protected:
-    // The names loaded by a script written to a file without extension.
-    std::vector<std::string> LoadsOf(std::string const &strScript) { return LoadedNames(ParseText(strScript, "main")); }
-};
+using ActionsTest = FrontEndTest;
 
 struct CauseCase
 {
@@ -18,32 +13,38 @@ struct CauseCase
 };
 
 // Names are checked as soon as they are read; argument lists when the call
-// is closed; blocks at their end-if; random loads at their parenthesis.
+// is closed; blocks at their end-if (the inner one first); random loads at
+// their parenthesis.
 CauseCase const kCauses[] = {
     {"(defrule (do-nothing\n) => (do-nothing))", "main.txt(1): Fact function name expected, found: 'do-nothing'."},
-    {"(defrule (DEATH-MATCH) => (do-nothing))", "main.txt(1): Fact function name expected, found: 'DEATH-MATCH'."},
     {"(defrule (true) =>\n(true))", "main.txt(2): Action function name expected, found: 'true'."},
     {"(defrule (true) => (archer))", "main.txt(1): Action function name expected, found: 'archer'."},
     {"(defrule (food-amount\ntrue 5) => (do-nothing))", "main.txt(2): Expression expected, found: 'true'."},
     {"(defrule (true) => (chat-to-all SMALL-MAP))", "main.txt(1): Expression expected, found: 'SMALL-MAP'."},
     {"#load-if-defined true\n(load \"a\")\n#\nend-if", "main.txt(4): Define expected, found: 'true'."},
-    {"#load-if-not-defined archer (load \"a\") #else (load \"b\") #end-if",
-     "main.txt(1): Define expected, found: 'archer'."},
     {"(defrule (true) => (chat-to-all\n\nnowhere))", "main.txt(3): Unknown symbol: 'nowhere'."},
+    {"#load-if-defined true #load-if-defined false (load \"a\") #end-if #end-if",
+     "main.txt(1): Define expected, found: 'false'."},
     {"#load-if-defined UNKNOWN-DEFINE (load \"a\") #end-if", "main.txt(1): Unknown symbol: 'UNKNOWN-DEFINE'."},
     {"(defrule (true 5\n) => (do-nothing))", "main.txt(2): Wrong number of parameters for 'true'."},
-    {"(defrule (food-amount) => (do-nothing))", "main.txt(1): Wrong number of parameters for 'food-amount'."},
     {"(defrule (true) => (chat-to-all \"a\" \"b\"\n))", "main.txt(2): Wrong number of parameters for 'chat-to-all'."},
-    {"(defrule (food-amount 5 5) => (do-nothing))", "main.txt(1): Wrong parameter: '5'."},
     {"(defrule (food-amount \"x y\" 5) => (do-nothing))", "main.txt(1): Wrong parameter: 'x y'."},
     {"(defrule (food-amount < less-than) => (do-nothing))", "main.txt(1): Wrong parameter: 'less-than'."},
     {"(defrule (food-amount archer 40000) => (do-nothing))", "main.txt(1): Wrong parameter: 'archer'."},
     {"(defrule (food-amount < 32768) => (do-nothing))", "main.txt(1): Wrong parameter: '32768'."},
+    {"(defconst big 40000)\n(defrule (food-amount < big) => (do-nothing))", "main.txt(2): Wrong parameter: '40000'."},
+    // Params registered inside the fact and action ranges have no signature.
+    {"(defrule (fact-range-word) => (do-nothing))",
+     "main.txt(1): Fact function name expected, found: 'fact-range-word'."},
+    {"(defrule (true) => (action-range-word))",
+     "main.txt(1): Action function name expected, found: 'action-range-word'."},
     {"(load-random 0 \"a\")", "main.txt(1): Invalid probability: 0."},
     {"(load-random 20 \"a\" 101 \"b\")", "main.txt(1): Invalid probability: 101."},
     {"(load-random -5 \"a\")", "main.txt(1): Invalid probability: -5."},
     {"(load-random 50 \"a\" 50 \"b\"\n)", "main.txt(2): Invalid probability sum: 100."},
     {"(load-random 60 \"a\" 70 \"b\" \"c\")", "main.txt(1): Invalid probability sum: 130."},
+    {"(load-random 1 \"a\") (load-random 99 \"a\" \"b\") (load-random 49 \"a\" 50 \"b\")", "accepted"},
+    {"(load-random) (load-random \"d\")", "accepted"},
     {"(defconst true 5)", "main.txt(1): Duplicate symbol: 'true'."},
     {"(defconst do-nothing 5)", "main.txt(1): Duplicate symbol: 'do-nothing'."},
     {"(defconst SMALL-MAP 5)", "main.txt(1): Duplicate symbol: 'SMALL-MAP'."},
@@ -56,15 +57,13 @@ CauseCase const kCauses[] = {
 
 TEST_F(ActionsTest, EveryCauseWithItsParameterAndLine)
 {
+    AI_AddParam(497, "fact-range-word");
+    AI_AddParam(690, "action-range-word");
     for (CauseCase const &cause : kCauses)
         EXPECT_EQ(ErrorOf(cause.pszScript), cause.pszMessage) << cause.pszScript;
-}
-
-TEST_F(ActionsTest, ProbabilitiesBelowTheSumLimitAreAccepted)
-{
-    for (char const *pszScript : {"(load-random 1 \"a\")", "(load-random 99 \"a\" \"b\")",
-                                  "(load-random 49 \"a\" 50 \"b\")", "(load-random)", "(load-random \"d\")"})
-        EXPECT_EQ(ErrorOf(pszScript), "accepted") << pszScript;
+    // Without the built-in params a relational operator names nothing.
+    RegisterVocabulary(false);
+    EXPECT_EQ(ErrorOf("(defrule (three-ops <) => (do-nothing))"), "main.txt(1): Expression expected, found: ''.");
 }
 
 TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
@@ -89,67 +88,35 @@ TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
     EXPECT_EQ(AI_Constant(AI_Symbol("survivor"), 0), 12);
 }
 
-TEST_F(ActionsTest, ArgumentsOfEveryKind)
+TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
 {
-    AI_CCommandList *pCommands =
-        ParseText("(defconst five 5)\n"
-                  "(defrule (food-amount greater-or-equal five) => (chat-to-all \"hi\") (do-nothing))");
-    auto const *pRule = static_cast<AI_CDefruleCommand const *>(Commands(pCommands).at(1));
-    auto const *pTest = static_cast<AI_CTestCE const *>(pRule->GetCEs()->GetCEs().GetHead());
-    auto const &arguments = pTest->GetExpressions()->GetExpressions();
-    EXPECT_EQ(arguments.GetHead()->GetType(), AI_EXPR_SYMBOL);
-    EXPECT_EQ(arguments.GetHead()->GetContents().nSID, 2303u);
-    // A constant argument is the integer it stands for.
-    EXPECT_EQ(arguments.GetTail()->GetType(), AI_EXPR_INTEGER);
-    EXPECT_EQ(arguments.GetTail()->GetContents().nInteger, 5);
-    AI_CAction const *pChat = pRule->GetActions()->GetActions().GetHead();
-    AI_CExpression const *pText = pChat->GetExpressions()->GetExpressions().GetHead();
-    ASSERT_EQ(pText->GetType(), AI_EXPR_STRING);
-    EXPECT_STREQ(*pText->GetContents().pString, "hi");
-    // A call without arguments has no argument list.
-    EXPECT_EQ(pRule->GetActions()->GetActions().GetTail()->GetExpressions(), nullptr);
-
-    EXPECT_EQ(ErrorOf("(defconst big 40000)\n(defrule (food-amount < big) => (do-nothing))"),
-              "main.txt(2): Wrong parameter: '40000'.");
-}
-
-TEST_F(ActionsTest, OperatorsBuildTheirConditions)
-{
-    struct Operator
-    {
-        char const *pszWord;
-        AI_COpCE::Op nOp;
-    } const kOperators[] = {
-        {"and", AI_COpCE::opAnd},   {"or", AI_COpCE::opOr},   {"xor", AI_COpCE::opXor},
-        {"nand", AI_COpCE::opNand}, {"nor", AI_COpCE::opNor}, {"xnor", AI_COpCE::opXnor},
-    };
-    for (Operator const &op : kOperators) {
-        AI_CCommandList *pCommands =
-            ParseText(std::string("(defrule (") + op.pszWord + " (true) (not (false))) => (do-nothing))");
-        auto const *pRule = static_cast<AI_CDefruleCommand const *>(Commands(pCommands).at(0));
-        auto const *pOp = dynamic_cast<AI_COpCE const *>(pRule->GetCEs()->GetCEs().GetHead());
-        ASSERT_NE(pOp, nullptr) << op.pszWord;
-        EXPECT_EQ(pOp->GetOp(), op.nOp) << op.pszWord;
-        EXPECT_EQ(static_cast<AI_CTestCE const *>(pOp->GetCE1())->GetSID(), 300u);
+    AI_COpCE::Op const kOps[] = {AI_COpCE::opAnd,  AI_COpCE::opOr,  AI_COpCE::opXor,
+                                 AI_COpCE::opNand, AI_COpCE::opNor, AI_COpCE::opXnor};
+    char const *const kWords[] = {"and", "or", "xor", "nand", "nor", "xnor"};
+    for (int i = 0; i < 6; ++i) {
+        AI_CCommandList *pCommands = ParseText(std::string("(defconst five 5)\n(defrule (") + kWords[i] +
+                                               " (food-amount greater-or-equal five) (not (false)))"
+                                               " => (chat-to-all \"hi\") (do-nothing))");
+        auto const *pOp = dynamic_cast<AI_COpCE const *>(FirstCondition(pCommands, 1));
+        ASSERT_NE(pOp, nullptr) << kWords[i];
+        EXPECT_EQ(pOp->GetOp(), kOps[i]) << kWords[i];
         auto const *pNot = static_cast<AI_COpCE const *>(pOp->GetCE2());
         EXPECT_EQ(pNot->GetOp(), AI_COpCE::opNot);
         EXPECT_EQ(pNot->GetCE2(), nullptr);
+        std::vector<AI_CExpression const *> arguments = Arguments(pOp->GetCE1());
+        ASSERT_EQ(arguments.size(), 2u);
+        EXPECT_EQ(arguments[0]->GetType(), AI_EXPR_SYMBOL);
+        EXPECT_EQ(arguments[0]->GetContents().nSID, 2303u);
+        // A constant argument is the integer it stands for.
+        EXPECT_EQ(arguments[1]->GetType(), AI_EXPR_INTEGER);
+        EXPECT_EQ(arguments[1]->GetContents().nInteger, 5);
+        auto const &actions = static_cast<AI_CDefruleCommand const *>(Commands(pCommands)[1])->GetActions()->GetActions();
+        AI_CExpression const *pText = actions.GetHead()->GetExpressions()->GetExpressions().GetHead();
+        ASSERT_EQ(pText->GetType(), AI_EXPR_STRING);
+        EXPECT_STREQ(*pText->GetContents().pString, "hi");
+        // A call without arguments has no argument list.
+        EXPECT_EQ(actions.GetTail()->GetExpressions(), nullptr);
     }
-}
-
-TEST_F(ActionsTest, WordsOfTheWrongStandingAreRejected)
-{
-    // Params registered at SIDs inside the fact and action ranges have no
-    // signature.
-    AI_AddParam(497, "fact-range-word");
-    AI_AddParam(690, "action-range-word");
-    EXPECT_EQ(ErrorOf("(defrule (fact-range-word) => (do-nothing))"),
-              "main.txt(1): Fact function name expected, found: 'fact-range-word'.");
-    EXPECT_EQ(ErrorOf("(defrule (true) => (action-range-word))"),
-              "main.txt(1): Action function name expected, found: 'action-range-word'.");
-    // Without the built-in params a relational operator names nothing.
-    RegisterVocabulary(false);
-    EXPECT_EQ(ErrorOf("(defrule (three-ops <) => (do-nothing))"), "main.txt(1): Expression expected, found: ''.");
 }
 
 TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
@@ -160,15 +127,13 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
     struct Resolution
     {
         char const *pszScript;
-        std::vector<std::string> loads;
+        Names loads;
     } const kResolutions[] = {
         {"#load-if-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"then"}},
         {"#load-if-defined SMALL-MAP (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined SMALL-MAP (load \"t1\") (load \"t2\") #else (load \"else\") #end-if", {"t1", "t2"}},
         {"#load-if-defined SMALL-MAP (load \"then\") #end-if", {}},
-        {"#load-if-not-defined DEATH-MATCH (load \"then\") #end-if", {}},
-        {"(load \"x\") #load-if-defined SMALL-MAP (load \"then\") #end-if (load \"y\")", {"x", "y"}},
         {"(load \"x\") #load-if-defined DEATH-MATCH (load \"t1\") (load \"t2\") #end-if (load \"y\")",
          {"x", "t1", "t2", "y"}},
         // Nested blocks are resolved from the inside.
@@ -181,9 +146,7 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
          {"first", "a", "c", "d", "e", "f", "last"}},
     };
     for (Resolution const &resolution : kResolutions)
-        EXPECT_EQ(LoadsOf(resolution.pszScript), resolution.loads) << resolution.pszScript;
-    EXPECT_EQ(ErrorOf("#load-if-defined true #load-if-defined false (load \"a\") #end-if #end-if"),
-              "main.txt(1): Define expected, found: 'false'.");
+        EXPECT_EQ(LoadsOf(resolution.pszScript, "main"), resolution.loads) << resolution.pszScript;
 }
 
 TEST_F(ActionsTest, BlocksStayWhenResolutionIsOff)
@@ -191,19 +154,18 @@ TEST_F(ActionsTest, BlocksStayWhenResolutionIsOff)
     EXPECT_EQ(AI_CParser::IsExpandBlocks(), 1);
     AI_CParser::EnableExpandBlocks(0);
     EXPECT_EQ(AI_CParser::IsExpandBlocks(), 0);
-    AI_CCommandList *pCommands =
-        ParseText("#load-if-not-defined SMALL-MAP (load \"a\") #load-if-defined REGICIDE (load \"b\") #end-if"
-                  " #else (load \"c\") #end-if");
-    std::vector<AI_CCommand const *> commands = Commands(pCommands);
+    std::vector<AI_CCommand const *> commands = Commands(ParseText(
+        "#load-if-not-defined SMALL-MAP (load \"a\") #load-if-defined REGICIDE (load \"b\") #end-if #else (load \"c\") #end-if"));
     ASSERT_EQ(commands.size(), 1u);
-    ASSERT_EQ(commands[0]->GetRuntimeClass(), RUNTIME_CLASS(AI_CBlock));
-    auto const *pBlock = static_cast<AI_CBlock const *>(commands[0]);
+    auto const *pBlock = dynamic_cast<AI_CBlock const *>(commands[0]);
+    ASSERT_NE(pBlock, nullptr);
     EXPECT_EQ(pBlock->GetIf(), 0);
     EXPECT_EQ(pBlock->GetSID(), 131u);
+    EXPECT_EQ(LoadedNames(pBlock->GetElseCommands()), Names{"c.txt"});
     std::vector<AI_CCommand const *> then = Commands(pBlock->GetIfCommands());
     ASSERT_EQ(then.size(), 2u);
-    ASSERT_EQ(then[1]->GetRuntimeClass(), RUNTIME_CLASS(AI_CBlock));
-    EXPECT_EQ(static_cast<AI_CBlock const *>(then[1])->GetIf(), 1);
-    EXPECT_EQ(static_cast<AI_CBlock const *>(then[1])->GetElseCommands(), nullptr);
-    EXPECT_EQ(LoadedNames(pBlock->GetElseCommands()), std::vector<std::string>{"c.txt"});
+    auto const *pInner = dynamic_cast<AI_CBlock const *>(then[1]);
+    ASSERT_NE(pInner, nullptr);
+    EXPECT_EQ(pInner->GetIf(), 1);
+    EXPECT_EQ(pInner->GetElseCommands(), nullptr);
 }

@@ -1,15 +1,8 @@
-// Syntax errors: the tokens each place of the grammar names, the lines they
-// are reported at, and what the grammar accepts.
+// Syntax errors: the tokens each place of the grammar names, the lines that
+// errors are reported at, and how deep the grammar nests.
 #include "ParserTestSupport.h"
 
 namespace {
-
-struct ErrorPoint
-{
-    char const *pszWhere;
-    char const *pszScript;
-    char const *pszBison;
-};
 
 std::string const kCommandStart = "parse error, expecting `'('' or `'#''";
 std::string const kTopLevel = "parse error, expecting `$' or `'('' or `'#''";
@@ -18,67 +11,103 @@ std::string const kCommandWord =
 std::string const kDirective = "parse error, expecting `TOK_D_LOAD_IF_DEFINED' or `TOK_D_LOAD_IF_NOT_DEFINED'";
 std::string const kEndIf = "parse error, expecting `TOK_D_END_IF'";
 std::string const kSymbol = "parse error, expecting `TOK_SYMBOL'";
+std::string const kValue = "parse error, expecting `TOK_SYMBOL' or `TOK_INTEGER'";
 std::string const kString = "parse error, expecting `TOK_STRING'";
 std::string const kOpen = "parse error, expecting `'(''";
 std::string const kClose = "parse error, expecting `')''";
 std::string const kAlone = "parse error";
 
-// One row per place where an unacceptable token can stand.
-ErrorPoint const kErrorPoints[] = {
-    {"start of the script", "x", kCommandStart.c_str()},
-    {"start of a block's first branch", "#load-if-defined DEATH-MATCH x", kCommandStart.c_str()},
-    {"start of an else branch", "#load-if-defined DEATH-MATCH (load \"a\") # else )", kCommandStart.c_str()},
-    {"after top-level commands", "(load \"a\") (load \"b\") x", kTopLevel.c_str()},
-    {"one parenthesis too many", "(load \"a\"))", kTopLevel.c_str()},
-    {"after commands in a first branch", "#load-if-defined DEATH-MATCH (load \"a\") x", kCommandStart.c_str()},
-    {"after commands in an else branch", "#load-if-not-defined DEATH-MATCH (load \"a\") #else (load \"b\") =>",
-     kCommandStart.c_str()},
-    {"after a command-level parenthesis", "(x", kCommandWord.c_str()},
-    {"after a parenthesis before a directive word", "(load-if-defined", kCommandWord.c_str()},
-    {"after a top-level hash", "#x", kDirective.c_str()},
-    {"end-if at top level", "#end-if", kDirective.c_str()},
-    {"empty first branch", "#load-if-defined DEATH-MATCH #end-if", kDirective.c_str()},
-    {"empty else branch", "#load-if-defined DEATH-MATCH (load \"a\") #else #end-if", kDirective.c_str()},
-    {"hash first in an else branch", "#load-if-defined DEATH-MATCH (load \"a\") #else #x", kDirective.c_str()},
-    {"after the hash that ends a branch", "#load-if-defined DEATH-MATCH (load \"a\") #foo #end-if", kEndIf.c_str()},
-    {"after the hash that ends an else branch", "#load-if-defined DEATH-MATCH (load \"a\") #else (load \"b\") #(",
-     kEndIf.c_str()},
-    {"else twice", "#load-if-defined DEATH-MATCH (load \"a\") #else (load \"b\") #else", kEndIf.c_str()},
-    {"after a directive word", "#load-if-defined (load \"a\")", kSymbol.c_str()},
-    {"after a directive word written alone", "#load-if-not-defined 5", kSymbol.c_str()},
-    {"after (defrule", "(defrule x", kOpen.c_str()},
-    {"arrow right after (defrule", "(defrule => (do-nothing))", kOpen.c_str()},
-    {"after the parenthesis of a condition", "(defrule ())", kAlone.c_str()},
-    {"after conditions", "(defrule (true) (false) x", "parse error, expecting `TOK_ARROW' or `'(''"},
-    {"after an operator word", "(defrule (not x", kOpen.c_str()},
-    {"after a two-element operator word", "(defrule (xnor =>", kOpen.c_str()},
-    {"after the only element of not", "(defrule (not (true) (false)) => (do-nothing))", kClose.c_str()},
-    {"one element for and", "(defrule (and (true)) => (do-nothing))", kOpen.c_str()},
-    {"after the second element", "(defrule (or (true) (false) (true)) => (do-nothing))", kClose.c_str()},
-    {"a condition as argument", "(defrule (true (false)) => (do-nothing))", kAlone.c_str()},
-    {"a hash among arguments", "(defrule (food-amount # 5) => (do-nothing))", kAlone.c_str()},
-    {"an arrow among action arguments", "(defrule (true) => (do-nothing =>", kAlone.c_str()},
-    {"after the arrow", "(defrule (true) => x", kOpen.c_str()},
-    {"no action", "(defrule (true) =>)", kOpen.c_str()},
-    {"after the parenthesis of an action", "(defrule (true) => ((", kSymbol.c_str()},
-    {"a word as action name", "(defrule (true) => (not", kSymbol.c_str()},
-    {"after actions", "(defrule (true) => (do-nothing) x", "parse error, expecting `'('' or `')''"},
-    {"after (defconst", "(defconst 5", kSymbol.c_str()},
-    {"after the constant's name", "(defconst c )", "parse error, expecting `TOK_SYMBOL' or `TOK_INTEGER'"},
-    {"a string as constant value", "(defconst c \"5\")", "parse error, expecting `TOK_SYMBOL' or `TOK_INTEGER'"},
-    {"after the constant's value", "(defconst c 5 6)", kClose.c_str()},
-    {"after (load", "(load x", kString.c_str()},
-    {"no file to load", "(load)", kString.c_str()},
-    {"after the loaded file", "(load \"a\" \"b\")", kClose.c_str()},
-    {"after a probability", "(load-random 30)", kString.c_str()},
-    {"a word after the options", "(load-random 30 \"a\" x)", kClose.c_str()},
-    {"an option after the default", "(load-random 30 \"a\" \"b\" 20 \"c\")", kClose.c_str()},
-    {"a word first in load-random", "(load-random x)", kClose.c_str()},
+struct Case
+{
+    std::string strScript;
+    std::string strExpected;
 };
 
-class GrammarErrorTest : public FrontEndTest
-{
+// One row per place where an unacceptable token can stand.
+Case const kErrorPoints[] = {
+    // Commands and blocks.
+    {"x", kCommandStart},
+    {"#load-if-defined DEATH-MATCH x", kCommandStart},
+    {"#load-if-defined DEATH-MATCH (load \"a\") # else )", kCommandStart},
+    {"(load \"a\") (load \"b\") x", kTopLevel},
+    {"(load \"a\"))", kTopLevel},
+    {"#load-if-defined DEATH-MATCH (load \"a\") x", kCommandStart},
+    {"#load-if-not-defined DEATH-MATCH (load \"a\") #else (load \"b\") =>", kCommandStart},
+    {"(x", kCommandWord},
+    {"(load-if-defined", kCommandWord},
+    {"#x", kDirective},
+    {"#end-if", kDirective},
+    {"#load-if-defined DEATH-MATCH #end-if", kDirective},
+    {"#load-if-defined DEATH-MATCH (load \"a\") #else #end-if", kDirective},
+    {"#load-if-defined DEATH-MATCH (load \"a\") #foo #end-if", kEndIf},
+    {"#load-if-defined DEATH-MATCH (load \"a\") #else (load \"b\") #else", kEndIf},
+    {"#load-if-defined (load \"a\")", kSymbol},
+    // Rules.
+    {"(defrule x", kOpen},
+    {"(defrule => (do-nothing))", kOpen},
+    {"(defrule ())", kAlone},
+    {"(defrule (true) (false) x", "parse error, expecting `TOK_ARROW' or `'(''"},
+    {"(defrule (not x", kOpen},
+    {"(defrule (not (true) (false)) => (do-nothing))", kClose},
+    {"(defrule (and (true)) => (do-nothing))", kOpen},
+    {"(defrule (or (true) (false) (true)) => (do-nothing))", kClose},
+    {"(defrule (true (false)) => (do-nothing))", kAlone},
+    {"(defrule (food-amount # 5) => (do-nothing))", kAlone},
+    {"(defrule (true) => (do-nothing =>", kAlone},
+    {"(defrule (true) =>)", kOpen},
+    {"(defrule (true) => ((", kSymbol},
+    {"(defrule (true) => (not", kSymbol},
+    {"(defrule (true) => (do-nothing) x", "parse error, expecting `'('' or `')''"},
+    // Constants and loads.
+    {"(defconst 5", kSymbol},
+    {"(defconst else 5)", kSymbol},
+    {"(defconst c )", kValue},
+    {"(defconst c \"5\")", kValue},
+    {"(defconst c load)", kValue},
+    {"(defconst c 5 6)", kClose},
+    {"(defconst c +5a)", kClose},
+    {"(load x", kString},
+    {"(load \"a\" \"b\")", kClose},
+    {"(load-random 30)", kString},
+    {"(load-random 30 \"a\" x)", kClose},
+    {"(load-random 30 \"a\" \"b\" 20 \"c\")", kClose},
+    {"(load-random x)", kClose},
+    {"(defrule (true) =>x)", kOpen},  // the arrow, then a symbol
 };
+
+// An error at the end of input stands one line after the last line feed.
+// Files are read in text mode: CR LF is one line end, 0x1A ends the input.
+Case const kLines[] = {
+    {"", SyntaxError(1, kCommandStart)},
+    {"  \t; only a comment", SyntaxError(1, kCommandStart)},
+    {"; one\n\n; three\n", SyntaxError(4, kCommandStart)},
+    {"(load \"a\")\n\n(load \"b\"\n\n  x)", SyntaxError(5, kClose)},
+    {"(defrule\n(true)\n=>\n)", SyntaxError(4, kOpen)},
+    {"#load-if-defined DEATH-MATCH\n(load \"a\")\n", SyntaxError(3, kCommandStart)},
+    {"#load-if-defined DEATH-MATCH\n(load \"a\")\n#", SyntaxError(3, kEndIf)},
+    {"(load \"a\") ; comment\n\n x", SyntaxError(3, kTopLevel)},
+    {"(load \"a\") ; \"(# ) \xE9" + std::string(1, '\0') + "\n(load \"b\") ;; no line feed", "accepted"},
+    // Directive words may stand apart from their hash.
+    {"# load-if-defined DEATH-MATCH (load \"a\") #\tend-if", "accepted"},
+    {"#\nload-if-defined\nDEATH-MATCH\n(load \"a\")\n#\n\nend-if\n#;comment\nload-if-defined REGICIDE (load \"b\") #end-if x",
+     SyntaxError(9, kTopLevel)},
+    // A raw line feed in a string is counted, then reported; a backslash
+    // before it continues the string.
+    {"(load \"a\")\n\n(load \"broken\n\")", InvalidCharacter(4, "\n")},
+    {"(load \"a\\\nb\\\nc\")\n x", SyntaxError(4, kTopLevel)},
+    // The end of input inside a string drops the string.
+    {"(load \"a\") \"unfinished", "accepted"},
+    {"(load \"a\") \"unfinished\\", "accepted"},
+    {"(load \"a\")\n(load \"unfinished\\\n", SyntaxError(3, kString)},
+    {"(load \"a\")\r\n(load \"b\")\r\n\r\nx", SyntaxError(4, kTopLevel)},
+    {"(load \"a\")\r\r\n", InvalidCharacter(1, "\r")},
+    {"(load \"a\")" + std::string(8181, ' ') + "\r x", InvalidCharacter(1, "\r")},
+    {"(load \"a\")\x1A(garbage !", "accepted"},
+    {"(load \"a\")\n(load \"b\x1A\")", SyntaxError(2, kString)},
+    {"(load \"a\")" + std::string(20000, ' ') + "\x1A)))", "accepted"},
+};
+
+using GrammarErrorTest = FrontEndTest;
 
 std::string NestedNots(int nDepth)
 {
@@ -92,43 +121,33 @@ std::string NestedNots(int nDepth)
 
 TEST_F(GrammarErrorTest, EveryErrorPointNamesItsTokens)
 {
-    for (ErrorPoint const &point : kErrorPoints)
-        EXPECT_EQ(ErrorOf(point.pszScript), SyntaxError(1, point.pszBison)) << point.pszWhere;
+    for (Case const &point : kErrorPoints)
+        EXPECT_EQ(ErrorOf(point.strScript), SyntaxError(1, point.strExpected)) << point.strScript;
 }
 
-// An error at the end of input stands one line after the last line feed.
 TEST_F(GrammarErrorTest, ErrorsAreReportedOnTheLineOfTheRejectedToken)
 {
-    struct Line
-    {
-        char const *pszScript;
-        int nLine;
-        std::string const &strBison;
-    } const kLines[] = {
-        {"", 1, kCommandStart},
-        {"  \t; only a comment", 1, kCommandStart},
-        {"; one\n\n; three\n", 4, kCommandStart},
-        {"(load \"a\")\n\n(load \"b\"\n\n  x)", 5, kClose},
-        {"(defrule\n(true)\n=>\n)", 4, kOpen},
-        {"#load-if-defined DEATH-MATCH\n(load \"a\")\n", 3, kCommandStart},
-        {"#load-if-defined DEATH-MATCH\n(load \"a\")\n#", 3, kEndIf},
-        {"#load-if-defined DEATH-MATCH (load \"a\") #else (load \"b\") #", 1, kEndIf},
-    };
-    for (Line const &line : kLines)
-        EXPECT_EQ(ErrorOf(line.pszScript), SyntaxError(line.nLine, line.strBison)) << line.pszScript;
+    for (Case const &line : kLines)
+        EXPECT_EQ(ErrorOf(line.strScript), line.strExpected) << line.strScript;
+    // Files are read 8,192 bytes at a time: put CR LF on and near the first
+    // two chunk boundaries.
+    for (size_t nAt : {8190u, 8191u, 8192u, 16383u, 16384u}) {
+        std::string strScript = "(load \"a\")" + std::string(nAt - 10, ' ') + "\r\n x";
+        ASSERT_EQ(strScript[nAt], '\r');
+        EXPECT_EQ(ErrorOf(strScript), SyntaxError(2, kTopLevel)) << "carriage return at " << nAt;
+    }
 }
 
 TEST_F(GrammarErrorTest, TheParserStackGrowsToItsLimit)
 {
     // Deep below the limit: every level survives the moves of the stacks.
-    int const nDepth = 3000;
-    AI_CCommandList *pCommands = ParseText(NestedNots(nDepth) + "\n(defconst after 7)");
+    AI_CCommandList *pCommands = ParseText(NestedNots(3000) + "\n(defconst after 7)");
     ASSERT_EQ(Commands(pCommands).size(), 2u);
-    AI_CCE const *pCE = static_cast<AI_CDefruleCommand const *>(Commands(pCommands)[0])->GetCEs()->GetCEs().GetHead();
+    AI_CCE const *pCE = FirstCondition(pCommands);
     int nLevels = 0;
     for (; auto const *pNot = dynamic_cast<AI_COpCE const *>(pCE); pCE = pNot->GetCE1())
         ++nLevels;
-    EXPECT_EQ(nLevels, nDepth);
+    EXPECT_EQ(nLevels, 3000);
     EXPECT_EQ(static_cast<AI_CTestCE const *>(pCE)->GetSID(), 300u);
 
     EXPECT_EQ(ErrorOf(NestedNots(5000)), SyntaxError(1, "parser stack overflow"));

@@ -5,52 +5,165 @@
 #define STRATAGEM_TESTS_PARSER_PARSERTESTSUPPORT_H
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "stratagem.h"
 
-// A fact the tests register for themselves: three relational operators.
-unsigned int const kThreeOps = 499;
+using Names = std::vector<std::string>;
+
+inline std::string MessageOf(CException *pException)
+{
+    std::vector<char> buffer(16384);
+    pException->GetErrorMessage(buffer.data(), static_cast<UINT>(buffer.size()));
+    return buffer.data();
+}
+
+// The messages of a syntax error and of an invalid character in main.txt.
+inline std::string SyntaxError(int nLine, std::string const &strBison)
+{
+    return "main.txt(" + std::to_string(nLine) + "): Parse error, Bison says: " + strBison + ".";
+}
+
+inline std::string InvalidCharacter(int nLine, std::string const &strText)
+{
+    return "main.txt(" + std::to_string(nLine) + "): Invalid character(s) encountered: '" + strText + "'.";
+}
+
+inline std::vector<AI_CCommand const *> Commands(AI_CCommandList const *pCommands)
+{
+    std::vector<AI_CCommand const *> result;
+    for (POSITION position = pCommands ? pCommands->GetCommands().GetHeadPosition() : nullptr; position;)
+        result.push_back(pCommands->GetCommands().GetNext(position));
+    return result;
+}
+
+// The file names of the load commands of a list.
+inline Names LoadedNames(AI_CCommandList const *pCommands)
+{
+    Names result;
+    for (AI_CCommand const *pCommand : Commands(pCommands)) {
+        auto const *pLoad = dynamic_cast<AI_CLoadCommand const *>(pCommand);
+        result.push_back(pLoad ? pLoad->GetFilename()->GetString() : "?");
+    }
+    return result;
+}
+
+// The first condition of a command, a rule, and the arguments of a fact test.
+inline AI_CCE const *FirstCondition(AI_CCommandList const *pCommands, size_t nCommand = 0)
+{
+    auto const *pRule = dynamic_cast<AI_CDefruleCommand const *>(Commands(pCommands).at(nCommand));
+    return pRule ? pRule->GetCEs()->GetCEs().GetHead() : nullptr;
+}
+
+inline std::vector<AI_CExpression const *> Arguments(AI_CCE const *pCE)
+{
+    std::vector<AI_CExpression const *> result;
+    auto const *pTest = dynamic_cast<AI_CTestCE const *>(pCE);
+    if (!pTest || !pTest->GetExpressions())
+        return result;
+    auto const &expressions = pTest->GetExpressions()->GetExpressions();
+    for (POSITION position = expressions.GetHeadPosition(); position;)
+        result.push_back(expressions.GetNext(position));
+    return result;
+}
 
 class FrontEndTest : public ::testing::Test
 {
 protected:
-    void SetUp() override;
-    void TearDown() override;
+    void SetUp() override
+    {
+        std::string strTemplate = ::testing::TempDir() + "parser-XXXXXX";
+        ASSERT_NE(mkdtemp(&strTemplate[0]), nullptr);
+        m_directory = strTemplate;
+        m_oldDirectory = std::filesystem::current_path();
+        std::filesystem::current_path(m_directory);
+        RegisterVocabulary();
+        m_pStrategy.reset(new AI_CStrategy("test", "main.txt", m_settings));
+    }
 
-    // The built-in vocabulary and three-ops; without the built-in words
-    // (defines and params) when bWithWords is false.
-    static void RegisterVocabulary(bool bWithWords = true);
-    static void WriteFile(std::string const &strName, std::string const &strText);
+    void TearDown() override
+    {
+        m_pStrategy.reset();
+        AI_DeleteAll();
+        AI_CParser::EnableExpandBlocks(1);
+        std::filesystem::current_path(m_oldDirectory);
+        std::filesystem::remove_all(m_directory);
+    }
+
+    // The built-in vocabulary and "three-ops", a fact of three relational
+    // operators; without the defines and params when bWithWords is false.
+    static void RegisterVocabulary(bool bWithWords = true)
+    {
+        AI_DeleteAll();
+        AI_AddFacts();
+        AI_AddActions();
+        AI_AddFact(499, "three-ops", AI_PT_REL_OP, AI_PT_REL_OP, AI_PT_REL_OP);
+        if (bWithWords) {
+            AI_AddDefines();
+            AI_AddParams();
+        }
+    }
+
+    static void WriteFile(std::string const &strName, std::string const &strText)
+    {
+        std::ofstream file(strName, std::ios::binary);
+        file << strText;
+        ASSERT_TRUE(file.good()) << strName;
+    }
 
     // Parses a written file with a new parser; an error fails the test.
-    AI_CCommandList *ParseFile(char const *pszName);
+    AI_CCommandList *ParseFile(char const *pszName)
+    {
+        try {
+            return AI_CParser(m_pStrategy.get()).Parse(pszName);
+        } catch (CException *pException) {
+            ADD_FAILURE() << "unexpected error: " << MessageOf(pException);
+            pException->Delete();
+            return nullptr;
+        }
+    }
+
     // Drops every list parsed so far, writes the text and parses it.
-    AI_CCommandList *ParseText(std::string const &strText, char const *pszName = "main.txt");
-    // The same, answering the message of the parse error raised, or
-    // "accepted".
-    std::string ErrorOf(std::string const &strText, char const *pszName = "main.txt");
+    AI_CCommandList *ParseText(std::string const &strText, char const *pszName = "main.txt")
+    {
+        m_pStrategy->DeleteCommandLists();
+        WriteFile(pszName, strText);
+        return ParseFile(pszName);
+    }
+
+    // The same, answering the message of the parse error, or "accepted".
+    std::string ErrorOf(std::string const &strText, char const *pszName = "main.txt")
+    {
+        m_pStrategy->DeleteCommandLists();
+        WriteFile(pszName, strText);
+        try {
+            AI_CParser(m_pStrategy.get()).Parse(pszName);
+        } catch (CException *pException) {
+            bool const bParseError = pException->IsKindOf(RUNTIME_CLASS(AI_CParseException));
+            std::string const strMessage = bParseError ? MessageOf(pException) : "not a parse error";
+            pException->Delete();
+            return strMessage;
+        }
+        return "accepted";
+    }
+
+    Names LoadsOf(std::string const &strText, char const *pszName = "main.txt")
+    {
+        return LoadedNames(ParseText(strText, pszName));
+    }
 
     AI_GameSettings m_settings = AI_gsSettings;
     std::unique_ptr<AI_CStrategy> m_pStrategy;
 
 private:
-    std::string m_strOldDirectory;
-    std::string m_strDirectory;
+    std::filesystem::path m_oldDirectory;
+    std::filesystem::path m_directory;
 };
-
-// The message of a syntax error in main.txt.
-std::string SyntaxError(int nLine, std::string const &strBison);
-// The message of an exception.
-std::string MessageOf(CException *pException);
-
-std::vector<AI_CCommand const *> Commands(AI_CCommandList const *pCommands);
-// The arguments of the first condition of the first command (a rule).
-std::vector<AI_CExpression const *> FirstTestArguments(AI_CCommandList const *pCommands);
-// The file names of the load commands of a list.
-std::vector<std::string> LoadedNames(AI_CCommandList const *pCommands);
 
 #endif

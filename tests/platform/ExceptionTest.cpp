@@ -2,68 +2,65 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstring>
+#include <string>
 
 #include "platform/afx.h"
 
 namespace {
 
-TEST(FileException, ThrownAsPointerWithCauseErrorAndName)
+// Runs what should throw and hands back the object it threw.
+template <class Thrower>
+CException *Caught(Thrower thrower)
 {
     try {
-        AfxThrowFileException(CFileException::fileNotFound, ENOENT, "nowhere.txt");
-        FAIL() << "nothing thrown";
+        thrower();
     } catch (CException *e) {
-        ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(CFileException)));
-        EXPECT_EQ(RUNTIME_CLASS(CFileException), e->GetRuntimeClass());
-        auto *file = static_cast<CFileException *>(e);
-        EXPECT_EQ(CFileException::fileNotFound, file->m_cause);
-        EXPECT_EQ(ENOENT, file->m_lOsError);
-        EXPECT_EQ(file->m_strFileName, "nowhere.txt");
-        e->Delete();
+        return e;
     }
+    return nullptr;
 }
 
-TEST(FileException, DefaultsWithoutErrorAndName)
+template <class Exception>
+std::string Message(Exception &&e)
 {
-    try {
-        AfxThrowFileException(CFileException::genericException);
-    } catch (CException *e) {
-        auto *file = static_cast<CFileException *>(e);
-        EXPECT_EQ(-1, file->m_lOsError);
-        EXPECT_TRUE(file->m_strFileName.IsEmpty());
-        char buffer[128];
-        EXPECT_TRUE(e->GetErrorMessage(buffer, sizeof buffer));
-        EXPECT_STREQ("an unknown error occurred while accessing the file.", buffer);
-        delete e;
-    }
+    char buffer[256] = "";
+    e.GetErrorMessage(buffer, sizeof buffer);
+    return buffer;
 }
 
-TEST(FileException, MessageNamesTheFileAndTheReason)
+TEST(FileException, ThrownAsPointerWithCauseErrorNameAndMessage)
 {
-    CFileException e(CFileException::accessDenied, EACCES, "scripts/main.per");
-    char buffer[256];
+    CException *e = Caught([] { AfxThrowFileException(CFileException::accessDenied, EACCES, "scripts/main.per"); });
+    ASSERT_NE(nullptr, e);
+    ASSERT_EQ(RUNTIME_CLASS(CFileException), e->GetRuntimeClass());
+    auto *file = static_cast<CFileException *>(e);
+    EXPECT_EQ(CFileException::accessDenied, file->m_cause);
+    EXPECT_EQ(EACCES, file->m_lOsError);
+    EXPECT_EQ(file->m_strFileName, "scripts/main.per");
+    char buffer[64];
     UINT help = 99;
-    EXPECT_TRUE(e.GetErrorMessage(buffer, sizeof buffer, &help));
-    EXPECT_EQ(0u, help);
+    EXPECT_TRUE(e->GetErrorMessage(buffer, sizeof buffer, &help));
     EXPECT_STREQ("scripts/main.per: access to the file was denied.", buffer);
+    EXPECT_EQ(0u, help);
+    testing::internal::CaptureStderr();
+    e->ReportError();
+    EXPECT_EQ(std::string(buffer) + "\n", testing::internal::GetCapturedStderr());
+    e->Delete();
+}
 
-    CFileException missing(CFileException::fileNotFound, ENOENT, "main.per");
-    EXPECT_TRUE(missing.GetErrorMessage(buffer, sizeof buffer));
-    EXPECT_STREQ("main.per: the file was not found.", buffer);
+TEST(FileException, EveryCauseHasItsOwnReasonAndErrnoItsCause)
+{
+    std::string const generic = Message(CFileException(CFileException::genericException));
+    EXPECT_EQ("an unknown error occurred while accessing the file.", generic);  // no name, no prefix
+    for (int cause = CFileException::fileNotFound; cause <= CFileException::endOfFile; ++cause)
+        EXPECT_NE(generic, Message(CFileException(cause))) << cause;
+    EXPECT_EQ(generic, Message(CFileException(99)));
 
-    // Every cause has its own reason; an unknown cause reads as generic.
-    CFileException generic(CFileException::genericException, -1, "x");
-    char genericText[256];
-    generic.GetErrorMessage(genericText, sizeof genericText);
-    for (int cause = CFileException::fileNotFound; cause <= CFileException::endOfFile; ++cause) {
-        CFileException other(cause, -1, "x");
-        other.GetErrorMessage(buffer, sizeof buffer);
-        EXPECT_STRNE(genericText, buffer) << cause;
-    }
-    CFileException unknown(99, -1, "x");
-    unknown.GetErrorMessage(buffer, sizeof buffer);
-    EXPECT_STREQ(genericText, buffer);
+    int const causes[][2] = {{ENOENT, CFileException::fileNotFound}, {EACCES, CFileException::accessDenied},
+                             {ENOSPC, CFileException::diskFull},     {EIO, CFileException::hardIO},
+                             {0, CFileException::genericException},  {ENOMEM, CFileException::genericException}};
+    for (auto const &row : causes)
+        EXPECT_EQ(row[1], CFileException::ErrnoToException(row[0])) << row[0];
 }
 
 TEST(FileException, MessageIsCutToTheBuffer)
@@ -78,60 +75,14 @@ TEST(FileException, MessageIsCutToTheBuffer)
     EXPECT_EQ('x', none[0]);
 }
 
-TEST(FileException, ErrnoMapsToCause)
+TEST(MemoryException, ThrownAsPointerWithAMessage)
 {
-    struct Row
-    {
-        int nErrno;
-        int cause;
-    };
-    Row const rows[] = {
-        {ENOENT, CFileException::fileNotFound},      {EACCES, CFileException::accessDenied},
-        {EPERM, CFileException::accessDenied},       {EROFS, CFileException::accessDenied},
-        {EMFILE, CFileException::tooManyOpenFiles},  {ENFILE, CFileException::tooManyOpenFiles},
-        {ENOSPC, CFileException::diskFull},          {ENOTDIR, CFileException::badPath},
-        {ENAMETOOLONG, CFileException::badPath},     {EBADF, CFileException::invalidFile},
-        {EIO, CFileException::hardIO},               {ESPIPE, CFileException::badSeek},
-        {0, CFileException::genericException},       {ENOMEM, CFileException::genericException},
-        {-1, CFileException::genericException},
-    };
-    for (Row const &row : rows)
-        EXPECT_EQ(row.cause, CFileException::ErrnoToException(row.nErrno)) << row.nErrno;
-}
-
-TEST(MemoryException, ThrownAsPointer)
-{
-    try {
-        AfxThrowMemoryException();
-        FAIL() << "nothing thrown";
-    } catch (CException *e) {
-        EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CMemoryException)));
-        EXPECT_FALSE(e->IsKindOf(RUNTIME_CLASS(CFileException)));
-        char buffer[64];
-        EXPECT_TRUE(e->GetErrorMessage(buffer, sizeof buffer));
-        EXPECT_STRNE("", buffer);
-        e->Delete();
-    }
-}
-
-TEST(Exception, BaseHasNoMessage)
-{
-    CException *e = new CException;
-    char buffer[16] = "untouched";
-    UINT help = 5;
-    EXPECT_FALSE(e->GetErrorMessage(buffer, sizeof buffer, &help));
-    EXPECT_STREQ("", buffer);
-    EXPECT_EQ(0u, help);
-    EXPECT_EQ(RUNTIME_CLASS(CObject), RUNTIME_CLASS(CException)->m_pBaseClass);
+    CException *e = Caught([] { AfxThrowMemoryException(); });
+    ASSERT_NE(nullptr, e);
+    EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CMemoryException)));
+    EXPECT_FALSE(e->IsKindOf(RUNTIME_CLASS(CFileException)));
+    EXPECT_NE("", Message(*e));
     e->Delete();
-}
-
-TEST(Exception, ReportErrorWritesTheMessageToStandardError)
-{
-    CFileException e(CFileException::diskFull, ENOSPC, "out.per");
-    testing::internal::CaptureStderr();
-    e.ReportError();
-    EXPECT_EQ("out.per: the disk is full.\n", testing::internal::GetCapturedStderr());
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
 // Analysis of strategies from script files on disk: the order in which files
 // are read, loads and random loads, blocks kept in the tree, self-loading
-// files, failures, and the listing of an analysed strategy.
+// files and failures.
 #include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
-#include <memory>
 
-#include "StrategySupport.h"
+#include "../objects/TestSupport.h"
 #include "parser/AI_CException.h"
 #include "parser/AI_CParser.h"
 #include "platform/crt.h"
@@ -33,18 +32,24 @@ protected:
     // Writes a script file into the test's directory; answers its path.
     std::string Write(char const *pszName, char const *pszText)
     {
-        std::string strPath = m_strDir + pszName;
-        std::ofstream(strPath) << pszText;
-        return strPath;
+        std::ofstream(m_strDir + pszName) << pszText;
+        return m_strDir + pszName;
     }
 
-    std::string Path(char const *pszName) const { return m_strDir + pszName; }
+    // A strategy on the main file with the extra files, analysed; answers the
+    // exception's run-time class, or null.
+    CRuntimeClass *Run(std::string const &strMain, std::initializer_list<std::string> extras = {})
+    {
+        m_pStrategy.reset(new AI_CStrategy("s", strMain.c_str(), DefaultSettings()));
+        for (std::string const &strExtra : extras)
+            m_pStrategy->AddFilename(strExtra.c_str());
+        return Again();
+    }
 
-    // Runs the analysis; answers the exception's run-time class, or null.
-    static CRuntimeClass *Run(AI_CStrategy &strategy)
+    CRuntimeClass *Again()
     {
         try {
-            strategy.Analyze();
+            m_pStrategy->Analyze();
         } catch (CException *pException) {
             CRuntimeClass *pClass = pException->GetRuntimeClass();
             pException->Delete();
@@ -53,196 +58,126 @@ protected:
         return nullptr;
     }
 
+    AI_CCommandList *List(std::string const &strPath) const { return m_pStrategy->CommandList(strPath.c_str()); }
+    std::vector<int> Values(char const *pszConstant) const { return ::Values(*m_pStrategy, AI_Symbol(pszConstant)); }
+
+    // The commands of the file's list, in order.
+    std::vector<AI_CObject *> CommandsOf(std::string const &strPath) const
+    {
+        return List(strPath) ? Children(*List(strPath)) : std::vector<AI_CObject *>{};
+    }
+
     std::string m_strDir;
+    std::unique_ptr<AI_CStrategy> m_pStrategy;
 };
 
-AI_CCommand *FirstCommand(AI_CCommandList const *pList)
-{
-    return pList ? pList->GetCommands().GetHead() : nullptr;
-}
-
 }  // namespace
-
-TEST_F(Analyze, ListingOfAOneRuleMainFile)
-{
-    std::string strMain = Write("m.per", "(defrule (true) => (do-nothing))\n");
-    AI_CStrategy strategy("One", strMain.c_str(), DefaultSettings());
-    ASSERT_EQ(nullptr, Run(strategy));
-    int nFill = std::max(0, 73 - static_cast<int>(strMain.size()));
-    std::string strSettings = ";Game settings:  " + Stars(58) +
-                              "\n;DARK-AGE-START\n;MEDIUM-RESOURCES-START\n;SMALL-MAP\n;COASTAL-MAP\n"
-                              ";VICTORY-STANDARD\n;DIFFICULTY-MODERATE\n;POPULATION-CAP-75\n;BYZANTINE-CIV\n"
-                              ";GAME-SPEED-LOCKED\n";
-    EXPECT_EQ(";One\n\n;" + strMain + "\n\n" + strSettings + "\n;Files:  " + Stars(66) + "\n;" + strMain +
-                  "\n\n;Constants:  " + Stars(62) + "\n\n;START " + strMain + " " + Stars(nFill) +
-                  "\n\n(defrule\n\t(true)\n=>\n\t(do-nothing)\n)\n\n\n;END " + strMain + " " + Stars(nFill + 2) +
-                  "\n\n",
-              Listing(strategy));
-    EXPECT_EQ(std::vector<AI_CObject *>{strategy.CommandList(strMain.c_str())}, Children(strategy));
-}
 
 TEST_F(Analyze, ExtraFilesAreReadInOrderThenTheMainFile)
 {
     std::string strA = Write("a.per", "(defconst ca 1)\n");
     std::string strB = Write("b.per", "(defconst cb 2)\n");
     std::string strMain = Write("m.per", "(defconst cm 3)\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    strategy.AddFilename(strA.c_str());
-    strategy.AddFilename(strB.c_str());
-    ASSERT_EQ(nullptr, Run(strategy));
+    ASSERT_EQ(nullptr, Run(strMain, {strA, strB}));
     // Constants take their SIDs in the order they are first parsed.
-    unsigned int nA = AI_Symbol("ca");
-    unsigned int nB = AI_Symbol("cb");
-    unsigned int nM = AI_Symbol("cm");
-    EXPECT_LT(nA, nB);
-    EXPECT_LT(nB, nM);
-    EXPECT_EQ(std::vector<int>{1}, Values(strategy, nA));
-    EXPECT_EQ(std::vector<int>{3}, Values(strategy, nM));
-    EXPECT_EQ(3, strategy.GetCommandLists().GetCount());
-    // Only the main file's list is the strategy's child.
-    EXPECT_EQ(std::vector<AI_CObject *>{strategy.CommandList(strMain.c_str())}, Children(strategy));
+    EXPECT_LT(AI_Symbol("ca"), AI_Symbol("cb"));
+    EXPECT_LT(AI_Symbol("cb"), AI_Symbol("cm"));
+    EXPECT_EQ(std::vector<int>{1}, Values("ca"));
+    EXPECT_EQ(std::vector<int>{3}, Values("cm"));
+    EXPECT_EQ(3, m_pStrategy->GetCommandLists().GetCount());
+    EXPECT_EQ(std::vector<AI_CObject *>{List(strMain)}, Children(*m_pStrategy));
 }
 
 TEST_F(Analyze, AnExtraFileThatIsTheMainFileIsParsedOnceAndLoadedTwice)
 {
     std::string strMain = Write("m.per", "(defconst c 4)\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    strategy.AddFilename(strMain.c_str());
-    ASSERT_EQ(nullptr, Run(strategy));
-    EXPECT_EQ(1, strategy.GetCommandLists().GetCount());
-    EXPECT_EQ((std::vector<int>{4, 4}), Values(strategy, AI_Symbol("c")));
+    ASSERT_EQ(nullptr, Run(strMain, {strMain}));
+    EXPECT_EQ(1, m_pStrategy->GetCommandLists().GetCount());
+    EXPECT_EQ((std::vector<int>{4, 4}), Values("c"));
 
     // A second analysis parses nothing new and loads the stored lists again.
-    AI_CCommandList *pList = strategy.CommandList(strMain.c_str());
+    AI_CCommandList *pList = List(strMain);
     std::filesystem::remove(strMain);
-    ASSERT_EQ(nullptr, Run(strategy));
-    EXPECT_EQ(pList, strategy.CommandList(strMain.c_str()));
-    EXPECT_EQ((std::vector<int>{4, 4, 4, 4}), Values(strategy, AI_Symbol("c")));
+    ASSERT_EQ(nullptr, Again());
+    EXPECT_EQ(pList, List(strMain));
+    EXPECT_EQ((std::vector<int>{4, 4, 4, 4}), Values("c"));
 }
 
+// Loads share the one list of a file and each loads it; a random load reads
+// only the file it chose; a block kept in the tree loads both branches.
 TEST_F(Analyze, LoadedFilesAreLookedForBesideTheLoadingFileWithItsExtension)
 {
-    Write("common.per", "(defconst cc 9)\n");
-    std::string strMain = Write("main.per", "(load \"common\")\n(load \"common\")\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    ASSERT_EQ(nullptr, Run(strategy));
-    AI_CCommandList *pCommon = strategy.CommandList(Path("common.per").c_str());
-    ASSERT_NE(nullptr, pCommon);
-    AI_CCommandList *pMain = strategy.CommandList(strMain.c_str());
-    ASSERT_NE(nullptr, pMain);
-    // Both loads share the one list, and each loaded it.
-    POSITION pos = pMain->GetCommands().GetHeadPosition();
-    auto *pFirst = static_cast<AI_CLoadCommand *>(pMain->GetCommands().GetNext(pos));
-    auto *pSecond = static_cast<AI_CLoadCommand *>(pMain->GetCommands().GetNext(pos));
-    EXPECT_EQ(pCommon, pFirst->GetCommands());
-    EXPECT_EQ(pCommon, pSecond->GetCommands());
-    EXPECT_EQ((std::vector<int>{9, 9}), Values(strategy, AI_Symbol("cc")));
-    EXPECT_EQ(1, pMain->Check());
+    AI_CParser::EnableExpandBlocks(0);
+    std::string strCommon = Write("common.per", "(defconst cc 9)\n");
+    for (char const *psz : {"a.per", "b.per", "x.per", "y.per"})
+        Write(psz, (std::string("(defconst c") + psz[0] + " 1)\n").c_str());
+    std::string strMain = Write("main.per",
+                                "(load \"common\")\n(load \"common\")\n(load-random 30 \"a\" 50 \"b\")\n"
+                                "#load-if-defined DEATH-MATCH\n(load \"x\")\n#else\n(load \"y\")\n#end-if\n");
+    crt::srand(SeedFor(DrawFor(31, 0, 1)));  // the second option
+    ASSERT_EQ(nullptr, Run(strMain));
+    AI_CParser::EnableExpandBlocks(1);
+    std::vector<AI_CObject *> commands = CommandsOf(strMain);
+    ASSERT_EQ(4u, commands.size());
+    ASSERT_NE(nullptr, List(strCommon));
+    EXPECT_EQ(std::vector<AI_CObject *>{List(strCommon)}, Children(*commands[0]));
+    EXPECT_EQ(std::vector<AI_CObject *>{List(strCommon)}, Children(*commands[1]));
+    EXPECT_EQ((std::vector<int>{9, 9}), Values("cc"));
+    EXPECT_EQ("load random command: default ?, loaded " + m_strDir + "b.per", Describe(*commands[2]));
+    EXPECT_EQ(List(m_strDir + "b.per"), Children(*commands[2]).back());
+    EXPECT_EQ(0u, AI_Symbol("ca"));
+    EXPECT_EQ(RUNTIME_CLASS(AI_CBlock), commands[3]->GetRuntimeClass());
+    EXPECT_EQ(std::vector<int>{1}, Values("cx"));
+    EXPECT_EQ(std::vector<int>{1}, Values("cy"));
+    EXPECT_EQ(5, m_pStrategy->GetCommandLists().GetCount());
+    EXPECT_EQ(1, List(strMain)->Check());
 }
 
 TEST_F(Analyze, AMainFileThatLoadsItselfFinishes)
 {
     std::string strMain = Write("m.per", "(defconst c 4)\n(load \"m\")\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    ASSERT_EQ(nullptr, Run(strategy));
-    AI_CCommandList *pMain = strategy.CommandList(strMain.c_str());
+    ASSERT_EQ(nullptr, Run(strMain));
+    AI_CCommandList *pMain = List(strMain);
     ASSERT_NE(nullptr, pMain);
-    EXPECT_EQ(1, strategy.GetCommandLists().GetCount());
-    EXPECT_EQ((std::vector<int>{4, 4}), Values(strategy, AI_Symbol("c")));
-    POSITION pos = pMain->GetCommands().GetHeadPosition();
-    pMain->GetCommands().GetNext(pos);
-    auto *pLoad = static_cast<AI_CLoadCommand *>(pMain->GetCommands().GetNext(pos));
-    EXPECT_EQ(pMain, pLoad->GetCommands());
+    EXPECT_EQ(1, m_pStrategy->GetCommandLists().GetCount());
+    EXPECT_EQ((std::vector<int>{4, 4}), Values("c"));
+    EXPECT_EQ(std::vector<AI_CObject *>{pMain}, Children(*CommandsOf(strMain).at(1)));
     EXPECT_EQ(1, pMain->Check());
 
-    std::string strListing = Listing(strategy);
+    // The listing ends with the main file, written once.
+    std::string strListing = Listing(*m_pStrategy);
     int nFill = std::max(0, 73 - static_cast<int>(strMain.size()));
-    std::string strCommands = ";START " + strMain + " " + Stars(nFill) +
-                              "\n\n(defconst c 4)\n\n;(load " + strMain + ")\n;START " + strMain + " " +
-                              Stars(nFill) + "\n\n\n;END " + strMain + " " + Stars(nFill + 2) + "\n\n\n;END " +
-                              strMain + " " + Stars(nFill + 2) + "\n\n";
-    ASSERT_GE(strListing.size(), strCommands.size());
-    EXPECT_EQ(strCommands, strListing.substr(strListing.size() - strCommands.size()));
-    EXPECT_NE(std::string::npos, strListing.find(";c = 4, 4\n"));
+    std::string strStart = ";START " + strMain + " " + Stars(nFill) + "\n\n";
+    std::string strEnd = ";END " + strMain + " " + Stars(nFill + 2) + "\n";
+    std::string strTail = ";c = 4, 4\n\n" + strStart + "(defconst c 4)\n\n;(load " + strMain + ")\n" + strStart + "\n" +
+                          strEnd + "\n\n" + strEnd + "\n";
+    ASSERT_GE(strListing.size(), strTail.size());
+    EXPECT_EQ(strTail, strListing.substr(strListing.size() - strTail.size()));
 }
 
-TEST_F(Analyze, RandomLoadReadsTheChosenFileOnly)
-{
-    Write("a.per", "(defconst ca 1)\n");
-    Write("b.per", "(defconst cb 2)\n");
-    Write("d.per", "(defconst cd 3)\n");
-    std::string strMain = Write("m.per", "(load-random 30 \"a\" 50 \"b\" \"d\")\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    int r = 0;
-    while (PercentOf(r) < 31)
-        ++r;
-    crt::srand(SeedFor(r));  // x = 31: the second option
-    ASSERT_EQ(nullptr, Run(strategy));
-    auto *pRandom = static_cast<AI_CLoadRandomCommand *>(FirstCommand(strategy.CommandList(strMain.c_str())));
-    ASSERT_NE(nullptr, pRandom);
-    AI_CCommandList *pB = strategy.CommandList(Path("b.per").c_str());
-    ASSERT_NE(nullptr, pB);
-    EXPECT_EQ(pB, pRandom->GetCommands());
-    EXPECT_EQ(2, strategy.GetCommandLists().GetCount());
-    EXPECT_EQ("load random command: default " + Path("d.per") + ", loaded " + Path("b.per"), Describe(*pRandom));
-    EXPECT_EQ(0u, AI_Symbol("ca"));
-    EXPECT_EQ(std::vector<int>{2}, Values(strategy, AI_Symbol("cb")));
-}
-
-TEST_F(Analyze, BlocksKeptInTheTreeLoadBothBranches)
-{
-    AI_CParser::EnableExpandBlocks(0);
-    Write("a.per", "(defconst ca 1)\n");
-    Write("b.per", "(defconst cb 2)\n");
-    std::string strMain = Write("m.per",
-                                "#load-if-defined DEATH-MATCH\n(load \"a\")\n#else\n(load \"b\")\n#end-if\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    ASSERT_EQ(nullptr, Run(strategy));
-    AI_CCommand *pCommand = FirstCommand(strategy.CommandList(strMain.c_str()));
-    ASSERT_NE(nullptr, pCommand);
-    EXPECT_EQ(RUNTIME_CLASS(AI_CBlock), pCommand->GetRuntimeClass());
-    EXPECT_EQ(3, strategy.GetCommandLists().GetCount());
-    EXPECT_EQ(std::vector<int>{1}, Values(strategy, AI_Symbol("ca")));
-    EXPECT_EQ(std::vector<int>{2}, Values(strategy, AI_Symbol("cb")));
-    AI_CParser::EnableExpandBlocks(1);
-}
-
-TEST_F(Analyze, AnErrorInTheSecondExtraFileKeepsWhatWasReadBefore)
+TEST_F(Analyze, AnErrorEndsTheAnalysisAndKeepsWhatWasReadBefore)
 {
     std::string strA = Write("a.per", "(defconst ca 1)\n");
     std::string strB = Write("b.per", "(defconst cb 2)\n(defrule\n");
     std::string strMain = Write("m.per", "(defconst cm 3)\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    strategy.AddFilename(strA.c_str());
-    strategy.AddFilename(strB.c_str());
-    EXPECT_EQ(RUNTIME_CLASS(AI_CParseException), Run(strategy));
-    EXPECT_NE(nullptr, strategy.CommandList(strA.c_str()));
-    EXPECT_EQ(std::vector<int>{1}, Values(strategy, AI_Symbol("ca")));
-    EXPECT_EQ(nullptr, strategy.CommandList(strB.c_str()));
-    EXPECT_EQ(nullptr, strategy.CommandList(strMain.c_str()));
+    EXPECT_EQ(RUNTIME_CLASS(AI_CParseException), Run(strMain, {strA, strB}));
+    EXPECT_NE(nullptr, List(strA));
+    EXPECT_EQ(std::vector<int>{1}, Values("ca"));
+    EXPECT_EQ(nullptr, List(strB));
+    EXPECT_EQ(nullptr, List(strMain));
     EXPECT_EQ(0u, AI_Symbol("cm"));
-    EXPECT_TRUE(Children(strategy).empty());
-}
+    EXPECT_TRUE(Children(*m_pStrategy).empty());
 
-TEST_F(Analyze, AnEmptyMainFileNameFailsAfterTheExtraFiles)
-{
-    std::string strA = Write("a.per", "(defconst ca 1)\n");
-    AI_CStrategy strategy("s", "", DefaultSettings());
-    strategy.AddFilename(strA.c_str());
-    EXPECT_EQ(RUNTIME_CLASS(CFileException), Run(strategy));
-    EXPECT_NE(nullptr, strategy.CommandList(strA.c_str()));
-    EXPECT_EQ(1, strategy.GetCommandLists().GetCount());
-}
+    // An empty main file name fails after the extra files.
+    EXPECT_EQ(RUNTIME_CLASS(CFileException), Run("", {strA}));
+    EXPECT_NE(nullptr, List(strA));
+    EXPECT_EQ(1, m_pStrategy->GetCommandLists().GetCount());
 
-TEST_F(Analyze, AMissingLoadedFileEndsTheAnalysisWithTheLoadUnloaded)
-{
-    std::string strMain = Write("m.per", "(defconst c 1)\n(load \"missing\")\n");
-    AI_CStrategy strategy("s", strMain.c_str(), DefaultSettings());
-    EXPECT_EQ(RUNTIME_CLASS(CFileException), Run(strategy));
-    AI_CCommandList *pMain = strategy.CommandList(strMain.c_str());
-    ASSERT_NE(nullptr, pMain);
-    POSITION pos = pMain->GetCommands().GetHeadPosition();
-    pMain->GetCommands().GetNext(pos);
-    EXPECT_EQ(0, pMain->GetCommands().GetNext(pos)->IsLoaded());
-    EXPECT_EQ(std::vector<int>{1}, Values(strategy, AI_Symbol("c")));
+    // A missing loaded file leaves its load unloaded.
+    std::string strLoads = Write("l.per", "(defconst c 1)\n(load \"missing\")\n");
+    EXPECT_EQ(RUNTIME_CLASS(CFileException), Run(strLoads));
+    std::vector<AI_CObject *> commands = CommandsOf(strLoads);
+    ASSERT_EQ(2u, commands.size());
+    EXPECT_EQ(0, static_cast<AI_CCommand *>(commands[1])->IsLoaded());
+    EXPECT_EQ(std::vector<int>{1}, Values("c"));
 }

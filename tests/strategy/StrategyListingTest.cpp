@@ -1,183 +1,91 @@
-// The listing of a whole strategy, built by hand: name and file lines, the
-// settings, files and constants sections, and the main file's commands
-// between their banners.
-#include <memory>
-#include <sstream>
-
-#include "StrategySupport.h"
+// The listing of a strategy built by hand: name and file lines, the
+// settings, files and constants sections in the tables' enumeration order,
+// and the main file's commands between their banners.
+#include "../objects/TestSupport.h"
 
 using StrategyListing = VocabularyTest;
 
 namespace {
 
-// Opens the section writers to the tests.
-class OpenStrategy : public AI_CStrategy
-{
-public:
+// Writes single sections for the tests.
+struct OpenStrategy : AI_CStrategy {
     using AI_CStrategy::AI_CStrategy;
-    using AI_CStrategy::PrettyPrintCommands;
-    using AI_CStrategy::PrettyPrintConstants;
-    using AI_CStrategy::PrettyPrintFiles;
-    using AI_CStrategy::PrettyPrintGameSettings;
+    std::string Write(void (AI_CStrategy::*pWriter)(std::ostream &, int) const, int nLevel) const
+    {
+        std::ostringstream os;
+        (this->*pWriter)(os, nLevel);
+        return os.str();
+    }
+    std::string Settings(int nLevel) const { return Write(&OpenStrategy::PrettyPrintGameSettings, nLevel); }
+    std::string Files(int nLevel) const { return Write(&OpenStrategy::PrettyPrintFiles, nLevel); }
+    std::string Constants(int nLevel) const { return Write(&OpenStrategy::PrettyPrintConstants, nLevel); }
 };
 
 // Replaces every section by a marker that shows the level it was given.
-class MarkedStrategy : public AI_CStrategy
-{
-public:
+struct MarkedStrategy : AI_CStrategy {
     using AI_CStrategy::AI_CStrategy;
-
-protected:
     void PrettyPrintGameSettings(std::ostream &os, int nLevel) const override { os << "[G" << nLevel << "]\n"; }
     void PrettyPrintFiles(std::ostream &os, int nLevel) const override { os << "[F" << nLevel << "]\n"; }
     void PrettyPrintConstants(std::ostream &os, int nLevel) const override { os << "[C" << nLevel << "]\n"; }
     void PrettyPrintCommands(std::ostream &os, int nLevel) const override { os << "[X" << nLevel << "]\n"; }
 };
 
-template <class WRITER>
-std::string Section(WRITER writer, int nLevel)
+// The settings section with the indentation, one row a word.
+std::string SettingsSection(std::string const &strIndent, std::initializer_list<char const *> words)
 {
-    std::ostringstream os;
-    writer(os, nLevel);
-    return os.str();
+    std::string strText = ";" + strIndent + "Game settings:  " + Stars(58) + "\n";
+    for (char const *psz : words)
+        strText += ";" + strIndent + psz + "\n";
+    return strText;
 }
 
-std::string const kDefaultSettingsSection = ";Game settings:  " + Stars(58) + "\n"
-                                            ";DARK-AGE-START\n"
-                                            ";MEDIUM-RESOURCES-START\n"
-                                            ";SMALL-MAP\n"
-                                            ";COASTAL-MAP\n"
-                                            ";VICTORY-STANDARD\n"
-                                            ";DIFFICULTY-MODERATE\n"
-                                            ";POPULATION-CAP-75\n"
-                                            ";BYZANTINE-CIV\n"
-                                            ";GAME-SPEED-LOCKED\n";
+std::string DefaultSettingsSection(std::string const &strIndent)
+{
+    return SettingsSection(strIndent, {"DARK-AGE-START", "MEDIUM-RESOURCES-START", "SMALL-MAP", "COASTAL-MAP",
+                                       "VICTORY-STANDARD", "DIFFICULTY-MODERATE", "POPULATION-CAP-75", "BYZANTINE-CIV",
+                                       "GAME-SPEED-LOCKED"});
+}
 
 }  // namespace
 
 TEST_F(StrategyListing, HandBuiltStrategyListsEverySectionAndTheLoadedFiles)
 {
-    // Names for the SIDs the strategy records, whatever the registry's
-    // constant counter stands at.
-    unsigned int const nFirst = 4001;
-    unsigned int const nSecond = 4002;
-    AI_AddParam(nFirst, "c1");
-    AI_AddParam(nSecond, "c2");
-
+    // Names for the SIDs the strategy records.
+    AI_AddParam(4001, "c1");
+    AI_AddParam(4002, "c2");
     AI_CStrategy strategy("Rush", "rush.per", DefaultSettings());
-    AI_CCommandList *pCommon = Commands({new AI_CDefconstCommand(nFirst, 5, &strategy)});
-    AI_CCommandList *pMain =
-        Commands({Rule(new AI_CTestCE(kTrue, nullptr), new AI_CAction(kDoNothing, nullptr)),
-                  new HandLoad("common.per", pCommon)});
-    strategy.AddCommandList("rush.per", pMain);
+    AI_CCommandList *pCommon = Commands({new AI_CDefconstCommand(4001, 5, &strategy)});
+    strategy.AddCommandList("rush.per", Commands({Rule(), new HandLoad(Str("common.per"), pCommon)}));
     strategy.AddCommandList("common.per", pCommon);
-    strategy.AddConstantValue(nFirst, 5);
-    strategy.AddConstantValue(nSecond, -3);
-    strategy.AddConstantValue(nFirst, 6);
-
-    EXPECT_EQ(";Rush\n"
-              "\n"
-              ";rush.per\n"
-              "\n" +
-                  kDefaultSettingsSection +
-                  "\n"
-                  ";Files:  " + Stars(66) + "\n"
+    strategy.AddConstantValue(4001, 5);
+    strategy.AddConstantValue(4002, -3);
+    strategy.AddConstantValue(4001, 6);
+    EXPECT_EQ(";Rush\n\n;rush.per\n\n" + DefaultSettingsSection("") +
+                  "\n;Files:  " + Stars(66) + "\n"
                   ";common.per\n"  // bucket 8
                   ";rush.per\n"    // bucket 9
-                  "\n"
-                  ";Constants:  " + Stars(62) + "\n"
+                  "\n;Constants:  " + Stars(62) + "\n"
                   ";c2 = -3\n"  // 4002 and 4001 share a bucket; the later comes first
                   ";c1 = 5, 6\n"
-                  "\n"
-                  ";START rush.per " + Stars(65) + "\n"
-                  "\n"
-                  "(defrule\n"
-                  "\t(true)\n"
-                  "=>\n"
-                  "\t(do-nothing)\n"
-                  ")\n"
-                  "\n"
+                  "\n;START rush.per " + Stars(65) + "\n\n"
+                  "(defrule\n\t(true)\n=>\n\t(do-nothing)\n)\n\n"
                   ";(load common.per)\n"
-                  ";START common.per " + Stars(63) + "\n"
-                  "\n"
-                  "(defconst c1 5)\n"
-                  "\n"
-                  "\n"
-                  ";END common.per " + Stars(65) + "\n"
-                  "\n"
-                  "\n"
-                  ";END rush.per " + Stars(67) + "\n"
-                  "\n",
+                  ";START common.per " + Stars(63) + "\n\n"
+                  "(defconst c1 5)\n\n\n"
+                  ";END common.per " + Stars(65) + "\n\n\n"
+                  ";END rush.per " + Stars(67) + "\n\n",
               Listing(strategy));
 }
 
+// The commands section needs a list stored under exactly the main name.
 TEST_F(StrategyListing, EmptyStrategyAtALevelIndentsEveryLineAfterTheSemicolon)
 {
     AI_CStrategy strategy("s", "m", DefaultSettings());
-    std::string strSettings;
-    std::istringstream lines(kDefaultSettingsSection);
-    for (std::string strLine; std::getline(lines, strLine);)
-        strSettings += ";\t" + strLine.substr(1) + "\n";
-    EXPECT_EQ(";\ts\n"
-              "\n"
-              ";\tm\n"
-              "\n" +
-                  strSettings +
-                  "\n"
-                  ";\tFiles:  " + Stars(66) + "\n"
-                  "\n"
-                  ";\tConstants:  " + Stars(62) + "\n"
-                  "\n"
-                  ";\tSTART m " + Stars(72) + "\n"
-                  "\n"
-                  "\n"
-                  ";\tEND m " + Stars(74) + "\n"
-                  "\n",
+    strategy.AddCommandList("./m", Commands({new AI_CDefconstCommand(0, 1, nullptr)}));
+    EXPECT_EQ(";\ts\n\n;\tm\n\n" + DefaultSettingsSection("\t") + "\n;\tFiles:  " + Stars(66) + "\n;\t./m\n\n" +
+                  ";\tConstants:  " + Stars(62) + "\n\n;\tSTART m " + Stars(72) + "\n\n\n;\tEND m " + Stars(74) +
+                  "\n\n",
               Listing(strategy, 1));
-}
-
-TEST_F(StrategyListing, SettingsRowsFollowTheirOrderWithFlagsOnlyWhenSet)
-{
-    AI_GameSettings settings = {1, 3, 4, 2, 0, 19, 4, 0, 7, 0, 1, 0};
-    OpenStrategy strategy("s", "m", settings);
-    auto writer = [&](std::ostream &os, int n) { strategy.PrettyPrintGameSettings(os, n); };
-    EXPECT_EQ(";\t\tGame settings:  " + Stars(58) + "\n"
-              ";\t\tDEATH-MATCH\n"
-              ";\t\tREGICIDE\n"
-              ";\t\tPOST-IMPERIAL-AGE-START\n"
-              ";\t\tHIGH-RESOURCES-START\n"
-              ";\t\tTINY-MAP\n"
-              ";\t\t\n"  // map type 19: no word names SID 159
-              ";\t\tVICTORY-CUSTOM\n"
-              ";\t\tDIFFICULTY-EASIEST\n"
-              ";\t\tPOPULATION-CAP-200\n"
-              ";\t\tGAIA\n"
-              ";\t\tTEAMS-LOCKED\n",
-              Section(writer, 2));
-}
-
-TEST_F(StrategyListing, FilesAndConstantsFollowTheTablesEnumerationOrder)
-{
-    OpenStrategy strategy("s", "m", DefaultSettings());
-    for (char const *psz : {"c", "a", "q", "r"})
-        strategy.AddCommandList(psz, new AI_CCommandList);
-    auto files = [&](std::ostream &os, int n) { strategy.PrettyPrintFiles(os, n); };
-    EXPECT_EQ(";Files:  " + Stars(66) + "\n;q\n;r\n;a\n;c\n", Section(files, 0));
-
-    AI_AddParam(4001, "k1");
-    AI_AddParam(4002, "k2");
-    AI_AddParam(4016, "k16");
-    strategy.AddConstantValue(4016, 2);
-    strategy.AddConstantValue(4001, 1);
-    strategy.AddConstantValue(4002, -7);
-    strategy.AddConstantValue(4002, 0);
-    strategy.AddConstantValue(4002, 12);
-    auto constants = [&](std::ostream &os, int n) { strategy.PrettyPrintConstants(os, n); };
-    EXPECT_EQ(";\tConstants:  " + Stars(62) + "\n"
-              ";\tk2 = -7, 0, 12\n"
-              ";\tk1 = 1\n"
-              ";\tk16 = 2\n",
-              Section(constants, 1));
 }
 
 TEST_F(StrategyListing, SectionsAreWrittenThroughTheVirtualWriters)
@@ -186,32 +94,36 @@ TEST_F(StrategyListing, SectionsAreWrittenThroughTheVirtualWriters)
     EXPECT_EQ(";\t\tname\n\n;\t\tfile\n\n[G2]\n\n[F2]\n\n[C2]\n\n[X2]\n\n", Listing(strategy, 2));
 }
 
-TEST_F(StrategyListing, CommandsSectionNeedsAListStoredUnderExactlyTheMainName)
+TEST_F(StrategyListing, SettingsRowsFollowTheirOrderWithFlagsOnlyWhenSet)
 {
-    OpenStrategy strategy("s", "main.per", DefaultSettings());
-    strategy.AddCommandList("./main.per", Commands({new AI_CDefconstCommand(0, 1, nullptr)}));
-    auto commands = [&](std::ostream &os, int n) { strategy.PrettyPrintCommands(os, n); };
-    std::string strEmpty = ";START main.per " + Stars(65) + "\n\n\n;END main.per " + Stars(67) + "\n";
-    EXPECT_EQ(strEmpty, Section(commands, 0));
+    OpenStrategy strategy("s", "m", AI_GameSettings{1, 3, 4, 2, 0, 19, 4, 0, 7, 0, 1, 0});
+    // Map type 19 gives SID 159, which no word names.
+    EXPECT_EQ(SettingsSection("\t\t", {"DEATH-MATCH", "REGICIDE", "POST-IMPERIAL-AGE-START", "HIGH-RESOURCES-START",
+                                       "TINY-MAP", "", "VICTORY-CUSTOM", "DIFFICULTY-EASIEST", "POPULATION-CAP-200",
+                                       "GAIA", "TEAMS-LOCKED"}),
+              strategy.Settings(2));
 }
 
-TEST_F(StrategyListing, MainFileThatLoadsItselfIsWrittenOnce)
+// Constants go by bucket, the SID shifted right by 4 modulo 17, the latest
+// entry of a bucket first; files by bucket of h = h * 33 + c over the name's
+// bytes taken as signed, modulo 17.
+TEST_F(StrategyListing, FilesAndConstantsFollowTheTablesEnumerationOrder)
 {
-    OpenStrategy strategy("s", "main", DefaultSettings());
-    AI_CCommandList *pMain = new AI_CCommandList;
-    pMain->Add(new HandLoad("main", pMain));
-    strategy.AddCommandList("main", pMain);
-    auto commands = [&](std::ostream &os, int n) { strategy.PrettyPrintCommands(os, n); };
-    EXPECT_EQ(";START main " + Stars(69) + "\n"
-              "\n"
-              ";(load main)\n"
-              ";START main " + Stars(69) + "\n"
-              "\n"
-              "\n"
-              ";END main " + Stars(71) + "\n"
-              "\n"
-              "\n"
-              ";END main " + Stars(71) + "\n",
-              Section(commands, 0));
-    EXPECT_EQ(1, pMain->Check());
+    OpenStrategy strategy("s", "m", DefaultSettings());
+    for (char const *psz : {"c", "a", "q", "r", "G", "\xe9t"})
+        strategy.AddCommandList(psz, new AI_CCommandList);
+    // "G" 3, "\xe9t" 4 (2 if the byte counted as unsigned), "q" 11, "a" and
+    // "r" 12, "c" 14.
+    EXPECT_EQ(";Files:  " + Stars(66) + "\n;G\n;\xe9t\n;q\n;r\n;a\n;c\n", strategy.Files(0));
+
+    for (unsigned int nSID : {4001u, 4002u, 4016u, 4100u})
+        AI_AddParam(nSID, ("k" + std::to_string(nSID)).c_str());
+    strategy.AddConstantValue(4016, 2);   // 251: bucket 13
+    strategy.AddConstantValue(4001, 1);   // 250: bucket 12
+    strategy.AddConstantValue(4002, -7);  // 250: bucket 12
+    strategy.AddConstantValue(4002, 0);   // no new entry
+    strategy.AddConstantValue(4002, 12);
+    strategy.AddConstantValue(4100, 3);  // 256: bucket 1
+    EXPECT_EQ(";\tConstants:  " + Stars(62) + "\n;\tk4100 = 3\n;\tk4002 = -7, 0, 12\n;\tk4001 = 1\n;\tk4016 = 2\n",
+              strategy.Constants(1));
 }

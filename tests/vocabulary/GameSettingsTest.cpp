@@ -14,47 +14,20 @@ struct Field
     bool bFlag;  // a single SID answering the field's own value
 };
 
-std::vector<Field> const kFields = {
-    {&AI_GameSettings::bDeathMatch, 100, 100, true},
-    {&AI_GameSettings::bRegicide, 101, 101, true},
-    {&AI_GameSettings::nStartingAge, 110, 119, false},
-    {&AI_GameSettings::nStartingResources, 120, 129, false},
-    {&AI_GameSettings::nMapSize, 130, 139, false},
-    {&AI_GameSettings::nMapType, 140, 159, false},
-    {&AI_GameSettings::nVictoryCondition, 160, 169, false},
-    {&AI_GameSettings::nDifficulty, 170, 179, false},
-    {&AI_GameSettings::nPopulationCap, 180, 189, false},
-    {&AI_GameSettings::bGameSpeedLocked, 190, 190, true},
-    {&AI_GameSettings::bTeamsLocked, 200, 200, true},
-    {&AI_GameSettings::nCiv, 210, 229, false},
+Field const kFields[] = {
+    {&AI_GameSettings::bDeathMatch, 100, 100, true},        {&AI_GameSettings::bRegicide, 101, 101, true},
+    {&AI_GameSettings::nStartingAge, 110, 119, false},      {&AI_GameSettings::nStartingResources, 120, 129, false},
+    {&AI_GameSettings::nMapSize, 130, 139, false},          {&AI_GameSettings::nMapType, 140, 159, false},
+    {&AI_GameSettings::nVictoryCondition, 160, 169, false}, {&AI_GameSettings::nDifficulty, 170, 179, false},
+    {&AI_GameSettings::nPopulationCap, 180, 189, false},    {&AI_GameSettings::bGameSpeedLocked, 190, 190, true},
+    {&AI_GameSettings::bTeamsLocked, 200, 200, true},       {&AI_GameSettings::nCiv, 210, 229, false},
 };
 
-AI_GameSettings AllZero() { return AI_GameSettings{}; }
-
-class GameSettings : public VocabularyTest
-{
-};
-
-TEST_F(GameSettings, Defaults)
-{
-    AI_GameSettings const &s = AI_gsSettings;
-    EXPECT_EQ(0, s.bDeathMatch);
-    EXPECT_EQ(0, s.bRegicide);
-    EXPECT_EQ(0, s.nStartingAge);
-    EXPECT_EQ(1, s.nStartingResources);
-    EXPECT_EQ(1, s.nMapSize);
-    EXPECT_EQ(4, s.nMapType);
-    EXPECT_EQ(0, s.nVictoryCondition);
-    EXPECT_EQ(2, s.nDifficulty);
-    EXPECT_EQ(2, s.nPopulationCap);
-    EXPECT_EQ(1, s.bGameSpeedLocked);
-    EXPECT_EQ(0, s.bTeamsLocked);
-    EXPECT_EQ(2, s.nCiv);
-    EXPECT_EQ(12 * sizeof(int), sizeof(AI_GameSettings));
-}
+using GameSettings = VocabularyTest;
 
 TEST_F(GameSettings, DefaultsHoldForTheirDefines)
 {
+    EXPECT_EQ(12 * sizeof(int), sizeof(AI_GameSettings));
     for (unsigned int sid : {110u, 121u, 131u, 144u, 160u, 172u, 182u, 190u, 212u})
         EXPECT_EQ(1, AI_Define(sid)) << sid;
     for (unsigned int sid : {100u, 101u, 111u, 130u, 133u, 200u, 211u})
@@ -69,7 +42,7 @@ TEST_F(GameSettings, GroupedFieldSelectsExactlyOneSid)
         if (field.bFlag)
             continue;
         for (int value = -1; value <= static_cast<int>(field.nLast - field.nFirst) + 1; ++value) {
-            AI_GameSettings settings = AllZero();
+            AI_GameSettings settings{};
             for (Field const &other : kFields)
                 settings.*other.pField = other.bFlag ? 0 : -1;  // holds nowhere
             settings.*field.pField = value;
@@ -83,69 +56,42 @@ TEST_F(GameSettings, GroupedFieldSelectsExactlyOneSid)
     }
 }
 
-TEST_F(GameSettings, FlagsAnswerTheirStoredValue)
+// Each flag answers its own field's stored value; SIDs outside every group
+// never hold. Every field gets a value of its own.
+TEST_F(GameSettings, FlagsAnswerTheirStoredValueAndOtherSidsNothing)
 {
-    for (Field const &field : kFields) {
-        if (!field.bFlag)
-            continue;
-        for (int value : {0, 1, 7, -3, INT_MIN}) {
-            AI_GameSettings settings = AllZero();
-            settings.*field.pField = value;
-            EXPECT_EQ(value, AI_DefineFor(settings, field.nFirst)) << field.nFirst;
-        }
-    }
-    AI_gsSettings.bDeathMatch = 7;
-    EXPECT_EQ(7, AI_Define(100));
-}
-
-TEST_F(GameSettings, SidsOutsideEveryGroupNeverHold)
-{
-    AI_GameSettings settings;
-    for (int value : {0, 1, 5, -1}) {
-        for (Field const &field : kFields)
-            settings.*field.pField = value;
-        for (unsigned int sid : {0u, 99u, 102u, 105u, 109u, 191u, 199u, 201u, 205u, 209u, 230u, 299u, 300u, 4001u,
-                                 0xFFFFFFFFu})
+    for (int value : {0, 7, -3, INT_MIN}) {
+        AI_GameSettings settings;
+        for (int i = 0; i < 12; ++i)
+            settings.*kFields[i].pField = value + i;
+        for (int i = 0; i < 12; ++i)
+            if (kFields[i].bFlag) {
+                EXPECT_EQ(value + i, AI_DefineFor(settings, kFields[i].nFirst)) << kFields[i].nFirst;
+            }
+        for (unsigned int sid : {0u, 99u, 102u, 109u, 191u, 199u, 201u, 209u, 230u, 299u, 300u, 4001u, 0xFFFFFFFFu})
             EXPECT_EQ(0, AI_DefineFor(settings, sid)) << sid << " with " << value;
     }
 }
 
-TEST_F(GameSettings, UnusedSidsInsideAGroupStillEvaluate)
+// AI_Define reads the global record at each call and ignores the registry;
+// the registry functions leave the record alone.
+TEST_F(GameSettings, GlobalRecordAloneDecides)
 {
-    AI_gsSettings.nMapType = 19;
-    EXPECT_EQ(1, AI_Define(159));
-    AI_gsSettings.nMapType = 20;
-    for (unsigned int sid = 140; sid <= 159; ++sid)
-        EXPECT_EQ(0, AI_Define(sid)) << sid;
-    AI_gsSettings.nCiv = -1;
-    for (unsigned int sid = 210; sid <= 229; ++sid)
-        EXPECT_EQ(0, AI_Define(sid)) << sid;
-    AI_gsSettings.nPopulationCap = 7;
-    EXPECT_EQ(1, AI_Define(187));
-    AI_gsSettings.nPopulationCap = 6;
-    EXPECT_EQ(0, AI_Define(187));
-}
-
-TEST_F(GameSettings, EvaluationIgnoresTheRegistry)
-{
-    EXPECT_EQ(0, AI_IsDefine(144));
-    EXPECT_EQ(1, AI_Define(144));
-    AI_AddDefines();
-    AI_AddParam(131, "not-a-define-word");
-    EXPECT_EQ(1, AI_Define(131));
-    AI_DeleteAll();
-    EXPECT_EQ(1, AI_Define(144));
-}
-
-TEST_F(GameSettings, GlobalRecordIsReadAtEachCall)
-{
-    AI_GameSettings other = AI_gsSettings;
-    other.nDifficulty = 4;
-    EXPECT_EQ(1, AI_DefineFor(other, 174));
-    EXPECT_EQ(0, AI_Define(174));
+    AI_gsSettings.bDeathMatch = 7;
+    EXPECT_EQ(7, AI_Define(100));
     AI_gsSettings.nDifficulty = 4;
     EXPECT_EQ(1, AI_Define(174));
     EXPECT_EQ(0, AI_Define(172));
+    EXPECT_EQ(0, AI_IsDefine(144));
+    EXPECT_EQ(1, AI_Define(144));
+    AI_AddDefines();
+    EXPECT_EQ(1, AI_DeleteDefine(100));
+    EXPECT_EQ(7, AI_Define(100));
+    AI_AddParam(131, "not-a-define-word");
+    EXPECT_EQ(1, AI_Define(131));
+    AI_DeleteAll();
+    EXPECT_EQ(4, AI_gsSettings.nDifficulty);
+    EXPECT_EQ(1, AI_Define(174));
 }
 
 }  // namespace

@@ -13,12 +13,7 @@
 class VocabularyTest : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        AI_DeleteAll();
-        m_savedSettings = AI_gsSettings;
-    }
-
+    void SetUp() override { AI_DeleteAll(); }
     void TearDown() override
     {
         AI_DeleteAll();
@@ -35,16 +30,14 @@ protected:
 
     static std::vector<int> Params(AI_CFunction const &function)
     {
-        std::vector<int> codes;
-        for (INT_PTR i = 0; i < function.GetParams().GetSize(); ++i)
-            codes.push_back(function.GetParams().GetAt(i));
-        return codes;
+        CArray<int, int> const &codes = function.GetParams();
+        return std::vector<int>(codes.GetData(), codes.GetData() + codes.GetSize());
     }
 
     static std::string Name(unsigned int nSID) { return static_cast<char const *>(AI_String(nSID)); }
 
 private:
-    AI_GameSettings m_savedSettings{};
+    AI_GameSettings m_savedSettings = AI_gsSettings;
 };
 
 #endif
