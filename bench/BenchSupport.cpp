@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "platform/BlockPool.h"
+
 // Every allocation of the program goes through these, so that an analysis
 // can be charged with the number of objects it allocates.
 namespace {
@@ -64,6 +66,12 @@ TempDirectory::~TempDirectory()
     std::filesystem::remove_all(m_path, error);
 }
 
+void KeepFreedMemory()
+{
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);  // the largest threshold allowed
+}
+
 double PeakRssMiB()
 {
     struct rusage usage{};
@@ -74,7 +82,7 @@ double PeakRssMiB()
 long long HeapInUse()
 {
     struct mallinfo2 info = mallinfo2();
-    return static_cast<long long>(info.uordblks + info.hblkhd);
+    return static_cast<long long>(info.uordblks + info.hblkhd + platform::BlockBytesInUse());
 }
 
 }  // namespace bench

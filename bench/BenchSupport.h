@@ -50,9 +50,18 @@ private:
     } m_buffer;
 };
 
+// Tells the allocator to keep what is freed: no trimming of the heap's top
+// and no separate mappings for large blocks. Otherwise every analysis of a
+// large strategy hands its tens of MiB back to the system when the strategy
+// goes and faults them in again for the next one, and the measurement would
+// be of the kernel's page handling. A host analysing strategy after strategy
+// may set the same.
+void KeepFreedMemory();
+
 // The process's peak resident set so far, in MiB.
 double PeakRssMiB();
-// Bytes the allocator has handed out and not yet taken back.
+// Bytes handed out and not yet taken back, by the allocator and by the
+// library's pool of small blocks.
 long long HeapInUse();
 // Calls of operator new since the program started.
 long long AllocationCount();

@@ -30,9 +30,11 @@ void SummaryReporter::ReportRuns(std::vector<Run> const &runs)
 {
     for (Run const &run : runs)
     {
-        if (run.error_occurred || run.run_type != Run::RT_Iteration)
+        // One iteration run, or the median of repeated runs.
+        bool bMedian = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
+        if (run.error_occurred || !(run.run_type == Run::RT_Iteration || bMedian))
             continue;
-        Result &result = m_results[run.benchmark_name()];
+        Result &result = m_results[run.run_name.function_name];
         result.dMilliseconds = run.GetAdjustedCPUTime() * benchmark::GetTimeUnitMultiplier(run.time_unit) /
                                benchmark::GetTimeUnitMultiplier(benchmark::kMillisecond);
         for (auto const &counter : run.counters)
@@ -81,8 +83,8 @@ bool SummaryReporter::PrintSummary(std::vector<CaseInfo> const &cases, std::ostr
             << " | " << ms(pAnalysis) << " | " << ms(pListing) << " | " << ms(pScanner) << " | " << ratio
             << " | " << speed << " | " << rss << " | " << heap << " |\n";
     }
-    out << "\nCPU time per analysis; MB/s is the analysis alone; peak RSS is the process's so far;\n"
-           "heap is what one analysed strategy holds.\n\n";
+    out << "\nCPU time per analysis (median of the repetitions, which run interleaved); MB/s is the\n"
+           "analysis alone; peak RSS is the process's so far; heap is what one analysed strategy holds.\n\n";
     for (char const *pszKind : {"analysis", "analysis+listing"})
     {
         bHolds &= JudgeGrowth(pszKind, "rules:1000", "rules:100000", true, out);

@@ -2,7 +2,8 @@
 // and 100,000 rules, and of 1,000 to 100,000 constants. For each strategy it
 // measures the analysis alone, the analysis with the listing, and the bare
 // scan of the same files (the floor no analysis can go below), then prints a
-// table and judges the performance bars (exit status 1 when one fails).
+// table and judges the performance bars (exit status 1 when one fails). A
+// small size is measured over several distinct strategies (BenchCase.h).
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "AI_TokenCount.h"
+#include "BenchCase.h"
 #include "BenchSupport.h"
 #include "StrategyGenerator.h"
 #include "SummaryReporter.h"
@@ -19,46 +21,8 @@
 
 namespace {
 
+using bench::Case;
 using bench::GeneratedStrategy;
-
-// One strategy size. Its files are written on first use, so that a run
-// filtered down to some benchmarks only writes the strategies it measures.
-class Case
-{
-public:
-    // Labelled "<kind>:<size>", e.g. "rules:1000".
-    Case(std::string const &directory, std::string const &kind, int nSize, int nRules, int nConstants)
-        : m_directory(directory + "/" + kind + "-" + std::to_string(nSize))
-    {
-        m_info = {kind + ":" + std::to_string(nSize), 0, 0, 0};
-        m_options.nRules = nRules;
-        m_options.nConstants = nConstants;
-        m_options.tag = kind.substr(0, 1) + std::to_string(nSize);  // "r1000-c7", "c1000-c7"
-    }
-
-    bench::CaseInfo const &Info() const { return m_info; }
-    bool IsWritten() const { return !m_strategy.files.empty(); }
-
-    GeneratedStrategy const &Strategy()
-    {
-        if (!IsWritten())
-        {
-            static bench::ScriptVocabulary const vocabulary;
-            std::filesystem::create_directory(m_directory);
-            m_strategy = bench::GenerateStrategy(vocabulary, m_directory, m_options);
-            m_info.nRules = m_strategy.nRules;
-            m_info.nConstants = m_strategy.nConstants;
-            m_info.nBytes = m_strategy.nBytes;
-        }
-        return m_strategy;
-    }
-
-private:
-    std::string m_directory;
-    bench::GeneratorOptions m_options;
-    bench::CaseInfo m_info;
-    GeneratedStrategy m_strategy;
-};
 
 std::string Describe(CException *pException)
 {
@@ -79,28 +43,37 @@ void Analyse(GeneratedStrategy const &generated, bench::CountingStream *pListing
         strategy.PrettyPrint(*pListing, 0);
 }
 
-// Two analyses outside the timing. The first checks that the analysis read
-// what was generated (and registers the constants, as a first analysis in a
-// process does); the second, like every timed one, finds them registered and
-// measures the heap and the allocations of an analysed strategy.
+// The first analysis of a strategy, outside the timing: checks that it read
+// what was generated (and registers the strategy's constants, as a first
+// analysis in a process does).
 bool Verify(GeneratedStrategy const &generated, benchmark::State &state)
 {
-    {
-        AI_CStrategy strategy("bench", generated.mainFile.c_str(), generated.settings);
-        strategy.Analyze();
-        CTypedPtrList<CObList, AI_CObject *> roots;
-        strategy.GetObjects(roots);
-        // Every file is read except two of the three load-random targets.
-        INT_PTR nExpectedFiles = static_cast<INT_PTR>(generated.files.size()) - 2;
-        if (roots.GetCount() != 1)
-            state.SkipWithError("the analysis left the main file without a command list");
-        else if (strategy.GetCommandLists().GetCount() != nExpectedFiles)
-            state.SkipWithError("the analysis did not read every generated file");
-        else if (strategy.GetConstants().GetCount() != generated.nConstants)
-            state.SkipWithError("the analysis did not record every generated constant");
-        if (state.error_occurred())
+    AI_CStrategy strategy("bench", generated.mainFile.c_str(), generated.settings);
+    strategy.Analyze();
+    CTypedPtrList<CObList, AI_CObject *> roots;
+    strategy.GetObjects(roots);
+    // Every file is read except two of the three load-random targets.
+    INT_PTR nExpectedFiles = static_cast<INT_PTR>(generated.files.size()) - 2;
+    if (roots.GetCount() != 1)
+        state.SkipWithError("the analysis left the main file without a command list");
+    else if (strategy.GetCommandLists().GetCount() != nExpectedFiles)
+        state.SkipWithError("the analysis did not read every generated file");
+    else if (strategy.GetConstants().GetCount() != generated.nConstants)
+        state.SkipWithError("the analysis did not record every generated constant");
+    return !state.error_occurred();
+}
+
+// Before a size is timed: its constants registered, every strategy checked,
+// and one more analysis, like every timed one, measures the heap and the
+// allocations of an analysed strategy (the analyses before it have set up
+// the pool's chunks, so the difference is what the strategy holds).
+bool Prepare(Case &c, benchmark::State &state)
+{
+    c.Activate();
+    for (GeneratedStrategy const &generated : c.Strategies())
+        if (!Verify(generated, state))
             return false;
-    }
+    GeneratedStrategy const &generated = c.Strategies().front();
     long long nHeapBefore = bench::HeapInUse();
     long long nAllocationsBefore = bench::AllocationCount();
     AI_CStrategy strategy("bench", generated.mainFile.c_str(), generated.settings);
@@ -123,11 +96,10 @@ void RunAnalysis(benchmark::State &state, Case *pCase, bool bListing)
     bench::CountingStream listing;
     try
     {
-        GeneratedStrategy const &generated = pCase->Strategy();
-        if (!Verify(generated, state))
+        if (!Prepare(*pCase, state))
             return;
         for (auto _ : state)
-            Analyse(generated, bListing ? &listing : nullptr);
+            Analyse(pCase->Next(), bListing ? &listing : nullptr);
     }
     catch (CException *pException)
     {
@@ -149,13 +121,13 @@ void RunScanner(benchmark::State &state, Case *pCase)
     long long nTokens = 0;
     try
     {
-        GeneratedStrategy const &generated = pCase->Strategy();
-        AI_CStrategy strategy("scan", generated.mainFile.c_str(), generated.settings);
+        GeneratedStrategy const &first = pCase->Strategies().front();
+        AI_CStrategy strategy("scan", first.mainFile.c_str(), first.settings);
         AI_CParser parser(&strategy);
         for (auto _ : state)
         {
             nTokens = 0;
-            for (std::string const &file : generated.files)
+            for (std::string const &file : pCase->Next().files)
                 nTokens += AI_CountTokens(&parser, file.c_str());
         }
     }
@@ -173,23 +145,45 @@ void RunScanner(benchmark::State &state, Case *pCase)
     state.counters["tokens"] = static_cast<double>(nTokens);
 }
 
+// Every benchmark runs in many short repetitions, interleaved with those of
+// the others; the summary takes the median, so that a stretch of other work
+// on the machine (its neighbours' too) spoils some repetitions of each size
+// rather than deciding a verdict.
+int const kRepetitions = 11;
+double const kSecondsPerRepetition = 0.25;
+
+void Configure(benchmark::internal::Benchmark *pBenchmark)
+{
+    pBenchmark->Unit(benchmark::kMillisecond)
+        ->MinTime(kSecondsPerRepetition)
+        ->Repetitions(kRepetitions)
+        ->ReportAggregatesOnly(true);
+}
+
 void Register(Case *pCase)
 {
-    benchmark::RegisterBenchmark(("analysis/" + pCase->Info().label).c_str(), RunAnalysis, pCase, false)
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark(("analysis+listing/" + pCase->Info().label).c_str(), RunAnalysis, pCase, true)
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark(("scanner/" + pCase->Info().label).c_str(), RunScanner, pCase)
-        ->Unit(benchmark::kMillisecond);
+    Configure(benchmark::RegisterBenchmark(("analysis/" + pCase->Info().label).c_str(), RunAnalysis, pCase, false));
+    Configure(
+        benchmark::RegisterBenchmark(("analysis+listing/" + pCase->Info().label).c_str(), RunAnalysis, pCase, true));
+    Configure(benchmark::RegisterBenchmark(("scanner/" + pCase->Info().label).c_str(), RunScanner, pCase));
 }
 
 }  // namespace
 
 int main(int argc, char **argv)
 {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    // The repetitions of all benchmarks run in a random interleaved order,
+    // so that a stretch of other work on the machine is spread over the
+    // sizes instead of falling on one of them. A flag given on the command
+    // line comes later and decides.
+    static char szInterleave[] = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> args(argv, argv + argc + 1);  // with the closing null
+    args.insert(args.begin() + 1, szInterleave);
+    int nArgs = argc + 1;
+    benchmark::Initialize(&nArgs, args.data());
+    if (benchmark::ReportUnrecognizedArguments(nArgs, args.data()))
         return 2;
+    bench::KeepFreedMemory();
     AI_AddFacts();
     AI_AddActions();
     AI_AddDefines();

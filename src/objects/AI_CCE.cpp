@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "../vocabulary/AI_Registry.h"
 #include "../vocabulary/AI_Vocabulary.h"
 #include "AI_CExpression.h"
 #include "AI_ListOps.h"
@@ -58,7 +59,7 @@ void AI_CTestCE::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 void AI_CTestCE::PrettyPrint(std::ostream &os, int nLevel) const
 {
     Offset(os, nLevel);
-    os << "(" << AI_String(m_nSID).GetString();
+    os << "(" << vocabulary::NameOf(m_nSID);
     if (m_pExpressions) {
         os << " ";
         m_pExpressions->PrettyPrint(os, 0);

@@ -2,7 +2,9 @@
 
 #include <ostream>
 
+#include "../platform/BlockPool.h"
 #include "../strategy/AI_CStrategy.h"
+#include "../vocabulary/AI_Registry.h"
 #include "../vocabulary/AI_Vocabulary.h"
 #include "AI_CAction.h"
 #include "AI_CCE.h"
@@ -31,6 +33,30 @@ void AI_CCommand::Load() {}
 int AI_CCommand::IsLoaded() const
 {
     return 1;
+}
+
+void *AI_CCommand::operator new(std::size_t nSize)
+{
+    return platform::AllocateBlock(nSize, platform::kCommandBlocks);
+}
+
+void *AI_CCommand::operator new(std::size_t nSize, std::nothrow_t const &) noexcept
+{
+    try {
+        return platform::AllocateBlock(nSize, platform::kCommandBlocks);
+    } catch (std::bad_alloc const &) {
+        return nullptr;
+    }
+}
+
+void AI_CCommand::operator delete(void *p, std::size_t nSize) noexcept
+{
+    platform::FreeBlock(p, nSize);
+}
+
+void AI_CCommand::operator delete(void *p, std::nothrow_t const &) noexcept
+{
+    platform::FreeBlockOfUnknownSize(p);
 }
 
 // ---- AI_CDefruleCommand -------------------------------------------------
@@ -126,7 +152,7 @@ void AI_CDefconstCommand::GetObjects(CTypedPtrList<CObList, AI_CObject *> &) con
 void AI_CDefconstCommand::PrettyPrint(std::ostream &os, int nLevel) const
 {
     Offset(os, nLevel);
-    os << "(" << "defconst" << " " << AI_String(m_nSID).GetString() << " " << m_nValue << ")" << std::endl;
+    os << "(" << "defconst" << " " << vocabulary::NameOf(m_nSID) << " " << m_nValue << ")" << std::endl;
 }
 
 int AI_CDefconstCommand::IsValid() const

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "../vocabulary/AI_Registry.h"
 #include "../vocabulary/AI_Vocabulary.h"
 #include "AI_ListOps.h"
 
@@ -62,7 +63,7 @@ void AI_CExpression::PrettyPrint(std::ostream &os, int) const
 {
     switch (m_nType) {
     case AI_EXPR_SYMBOL:
-        os << AI_String(m_contents.nSID).GetString();
+        os << vocabulary::NameOf(m_contents.nSID);
         break;
     case AI_EXPR_STRING:
         os << '"' << (m_contents.pString ? m_contents.pString->GetString() : "") << '"';

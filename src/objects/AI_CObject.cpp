@@ -1,5 +1,6 @@
 #include "AI_CObject.h"
 
+#include "../platform/BlockPool.h"
 #include "AI_Listing.h"
 
 IMPLEMENT_DYNCREATE(AI_CObject, CObject)
@@ -20,4 +21,28 @@ void AI_CObject::PrettyPrint(std::ostream &, int) const {}
 void AI_CObject::Offset(std::ostream &os, int nLevel) const
 {
     listing::Indent(os, nLevel);
+}
+
+void *AI_CObject::operator new(std::size_t nSize)
+{
+    return platform::AllocateBlock(nSize);
+}
+
+void *AI_CObject::operator new(std::size_t nSize, std::nothrow_t const &) noexcept
+{
+    try {
+        return platform::AllocateBlock(nSize);
+    } catch (std::bad_alloc const &) {
+        return nullptr;
+    }
+}
+
+void AI_CObject::operator delete(void *p, std::size_t nSize) noexcept
+{
+    platform::FreeBlock(p, nSize);
+}
+
+void AI_CObject::operator delete(void *p, std::nothrow_t const &) noexcept
+{
+    platform::FreeBlockOfUnknownSize(p);
 }

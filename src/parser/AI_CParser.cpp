@@ -43,16 +43,33 @@ CString *AI_CParser::Remember(CString *pString)
     return pString;
 }
 
+namespace {
+
+// The position of the element, searched from the tail: what the parser
+// forgets was mostly remembered last. An object is remembered once at most.
+template <class LIST, class ELEMENT>
+POSITION FindFromTail(LIST const &list, ELEMENT element)
+{
+    for (POSITION position = list.GetTailPosition(); position;) {
+        POSITION current = position;
+        if (list.GetPrev(position) == element)
+            return current;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
 CObject *AI_CParser::Forget(CObject *pObject)
 {
-    if (POSITION position = m_lstObjects.Find(pObject))
+    if (POSITION position = FindFromTail(m_lstObjects, pObject))
         m_lstObjects.RemoveAt(position);
     return pObject;
 }
 
 CString *AI_CParser::Forget(CString *pString)
 {
-    if (POSITION position = m_lstStrings.Find(pString))
+    if (POSITION position = FindFromTail(m_lstStrings, pString))
         m_lstStrings.RemoveAt(position);
     return pString;
 }

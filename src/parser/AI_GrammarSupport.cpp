@@ -2,6 +2,9 @@
 
 #include <cstring>
 
+#include "../vocabulary/AI_Registry.h"
+#include "AI_Grammar.tab.h"
+
 namespace {
 
 struct NamedToken
@@ -79,4 +82,14 @@ char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable)
         pszSeparator = " or `";
     }
     return s_szMessage;
+}
+
+int AI_ParserToken()
+{
+    static int s_nPrevious = 0;
+    int const nToken = ai_yylex();
+    if (nToken == TOK_SYMBOL && s_nPrevious == TOK_RW_DEFCONST)
+        vocabulary::PrefetchSymbol(ai_yylval.pszText);
+    s_nPrevious = nToken;
+    return nToken;
 }

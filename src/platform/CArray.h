@@ -1,9 +1,15 @@
-// CArray: an ordered, growable array of values.
+// CArray: an ordered, growable array of values. Arrays are mostly short
+// (a constant's values, a signature's parameter codes): the array comes from
+// the block pool, and plain values are kept inside it while they are few.
 #ifndef STRATAGEM_PLATFORM_CARRAY_H
 #define STRATAGEM_PLATFORM_CARRAY_H
 
+#include <cstddef>
+#include <type_traits>
 #include <vector>
 
+#include "BlockPool.h"
+#include "InlineValues.h"
 #include "types.h"
 
 template <class TYPE, class ARG_TYPE = TYPE const &>
@@ -37,8 +43,13 @@ public:
     void RemoveAll() { m_data.clear(); }
     void Copy(CArray const &src) { m_data = src.m_data; }
 
+    static void *operator new(std::size_t nSize) { return platform::AllocateBlock(nSize); }
+    static void operator delete(void *p, std::size_t nSize) noexcept { platform::FreeBlock(p, nSize); }
+
 private:
-    std::vector<TYPE> m_data;
+    std::conditional_t<std::is_trivially_copyable_v<TYPE>, platform::InlineValues<TYPE>,
+                       std::vector<TYPE, platform::BlockAllocator<TYPE>>>
+        m_data;
 };
 
 #endif

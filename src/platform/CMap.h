@@ -4,16 +4,18 @@
 // bucket, a new entry goes to the front of its bucket's chain, and
 // enumeration walks the buckets in increasing index, each chain from its
 // front. Beside the chains an index keeps lookups constant-time however long
-// the chains grow.
+// the chains grow. Entries come from the block pool.
 #ifndef STRATAGEM_PLATFORM_CMAP_H
 #define STRATAGEM_PLATFORM_CMAP_H
 
 #include <cstdint>
+#include <new>
 #include <type_traits>
-#include <unordered_map>
 #include <vector>
 
+#include "BlockPool.h"
 #include "CString.h"
+#include "HashIndex.h"
 #include "types.h"
 
 // Hash of an integral or pointer key: its value shifted right by 4 bits.
@@ -61,14 +63,14 @@ public:
     CMap &operator=(CMap const &) = delete;
     ~CMap() { RemoveAll(); }
 
-    INT_PTR GetCount() const { return static_cast<INT_PTR>(m_index.size()); }
+    INT_PTR GetCount() const { return static_cast<INT_PTR>(m_index.GetCount()); }
     INT_PTR GetSize() const { return GetCount(); }
-    BOOL IsEmpty() const { return m_index.empty(); }
+    BOOL IsEmpty() const { return m_index.GetCount() == 0; }
     UINT GetHashTableSize() const { return m_nHashTableSize; }
 
     BOOL Lookup(ARG_KEY key, VALUE &rValue) const
     {
-        CAssoc const *pAssoc = Find(key);
+        CAssoc const *pAssoc = Find(key, IndexHashOf(key));
         if (!pAssoc)
             return FALSE;
         rValue = pAssoc->value;
@@ -77,20 +79,21 @@ public:
 
     VALUE &operator[](ARG_KEY key)
     {
-        if (CAssoc *pAssoc = Find(key))
+        std::size_t const nIndexHash = IndexHashOf(key);
+        if (CAssoc *pAssoc = Find(key, nIndexHash))
             return pAssoc->value;
         if (m_buckets.empty())
             m_buckets.assign(m_nHashTableSize, nullptr);
-        CAssoc *pAssoc = new CAssoc{};
+        m_index.Reserve();
+        CAssoc *pAssoc = NewAssoc(key);
         pAssoc->nHashValue = HashKey<ARG_KEY>(key) % m_nHashTableSize;
-        pAssoc->key = KEY(key);
         CAssoc *&head = m_buckets[pAssoc->nHashValue];
         pAssoc->pPrev = nullptr;
         pAssoc->pNext = head;
         if (head)
             head->pPrev = pAssoc;
         head = pAssoc;
-        m_index.emplace(pAssoc->key, pAssoc);
+        m_index.Insert(pAssoc, nIndexHash);
         return pAssoc->value;
     }
 
@@ -98,15 +101,13 @@ public:
 
     BOOL RemoveKey(ARG_KEY key)
     {
-        auto it = m_index.find(KEY(key));
-        if (it == m_index.end())
+        CAssoc *pAssoc = m_index.Remove(IndexHashOf(key), Holding(key));
+        if (!pAssoc)
             return FALSE;
-        CAssoc *pAssoc = it->second;
-        m_index.erase(it);
         (pAssoc->pPrev ? pAssoc->pPrev->pNext : m_buckets[pAssoc->nHashValue]) = pAssoc->pNext;
         if (pAssoc->pNext)
             pAssoc->pNext->pPrev = pAssoc->pPrev;
-        delete pAssoc;
+        DeleteAssoc(pAssoc);
         return TRUE;
     }
 
@@ -117,12 +118,12 @@ public:
         for (CAssoc *head : m_buckets)
             for (CAssoc *pAssoc = head; pAssoc;) {
                 CAssoc *pNext = pAssoc->pNext;
-                delete pAssoc;
+                DeleteAssoc(pAssoc);
                 pAssoc = pNext;
             }
         m_buckets.clear();
         m_buckets.shrink_to_fit();
-        m_index.clear();
+        m_index.Clear();
     }
 
     // Sets the number of buckets; only an empty map can change it.
@@ -147,11 +148,61 @@ public:
     }
 
 private:
-    CAssoc *Find(ARG_KEY key) const
+    // Entries come from the block pool, value-initialised as before.
+    static CAssoc *NewAssoc(ARG_KEY key)
     {
-        auto it = m_index.find(KEY(key));
-        return it == m_index.end() ? nullptr : it->second;
+        void *pBlock = platform::AllocateBlock(sizeof(CAssoc));
+        CAssoc *pAssoc;
+        try {
+            pAssoc = new (pBlock) CAssoc{};
+            pAssoc->key = KEY(key);
+        } catch (...) {
+            platform::FreeBlock(pBlock, sizeof(CAssoc));
+            throw;
+        }
+        return pAssoc;
     }
+    static void DeleteAssoc(CAssoc *pAssoc)
+    {
+        pAssoc->~CAssoc();
+        platform::FreeBlock(pAssoc, sizeof(CAssoc));
+    }
+
+    // Keys that are numbers or pointers are hashed as themselves, so the
+    // index finds them without reading the entries. A string key is hashed
+    // by its text, whether it comes as a CString or as a pointer to text.
+    static constexpr bool kKeyIsHash = std::is_integral_v<KEY> || std::is_enum_v<KEY> || std::is_pointer_v<KEY>;
+    static constexpr bool kKeyIsText = std::is_same_v<KEY, CString> && std::is_convertible_v<ARG_KEY, LPCTSTR>;
+
+    static std::size_t IndexHashOf(ARG_KEY key)
+    {
+        if constexpr (kKeyIsHash)
+            return platform::IndexHash(KEY(key));
+        else if constexpr (kKeyIsText)
+            return platform::IndexHashOfText(key);
+        else
+            return platform::IndexHash(static_cast<KEY const &>(key));
+    }
+
+    // Whether the entry holds the key, given that the hashes agree.
+    static bool Holds(CAssoc const &assoc, ARG_KEY key)
+    {
+        if constexpr (kKeyIsHash)
+            return true;
+        else if constexpr (kKeyIsText)
+            return assoc.key == static_cast<LPCTSTR>(key);
+        else
+            return assoc.key == static_cast<KEY const &>(key);
+    }
+
+    // The test Holds as a predicate over entries; it refers to the key, so
+    // it lives no longer than the caller's argument.
+    static auto Holding(ARG_KEY const &key)
+    {
+        return [&key](CAssoc const &assoc) { return Holds(assoc, key); };
+    }
+
+    CAssoc *Find(ARG_KEY key, std::size_t nIndexHash) const { return m_index.Find(nIndexHash, Holding(key)); }
 
     CAssoc *FirstInBucketFrom(UINT nBucket) const
     {
@@ -163,7 +214,7 @@ private:
 
     UINT m_nHashTableSize = 17;
     std::vector<CAssoc *> m_buckets;
-    std::unordered_map<KEY, CAssoc *> m_index;
+    platform::HashIndex<CAssoc> m_index;
 };
 
 #endif

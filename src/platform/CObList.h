@@ -4,9 +4,14 @@
 #ifndef STRATAGEM_PLATFORM_COBLIST_H
 #define STRATAGEM_PLATFORM_COBLIST_H
 
+#include <new>
+
+#include "BlockPool.h"
 #include "CObject.h"
 
-// The shared list machinery; POSITION is a node pointer.
+// The shared list machinery; POSITION is a node pointer. Nodes come from
+// the block pool: lists are many and short, and the parser adds and removes
+// a node for every object it builds.
 template <class ELEMENT>
 class CPointerList
 {
@@ -16,6 +21,18 @@ class CPointerList
         CNode *pPrev;
         ELEMENT data;
     };
+
+    // The nodes a list gets once it is long come from a stream of their own.
+    CNode *NewNode() const
+    {
+        platform::BlockStream const nStream = m_nCount < kShort ? platform::kGeneralBlocks : platform::kLongListNodes;
+        return new (platform::AllocateBlock(sizeof(CNode), nStream)) CNode;
+    }
+    static void DeleteNode(CNode *pNode)
+    {
+        pNode->~CNode();
+        platform::FreeBlock(pNode, sizeof(CNode));
+    }
 
 public:
     CPointerList() = default;
@@ -64,7 +81,7 @@ public:
 
     POSITION AddTail(ELEMENT newElement)
     {
-        CNode *pNode = new CNode;
+        CNode *pNode = NewNode();
         pNode->data = newElement;
         pNode->pNext = nullptr;
         pNode->pPrev = m_pTail;
@@ -78,7 +95,7 @@ public:
     }
     POSITION AddHead(ELEMENT newElement)
     {
-        CNode *pNode = new CNode;
+        CNode *pNode = NewNode();
         pNode->data = newElement;
         pNode->pPrev = nullptr;
         pNode->pNext = m_pHead;
@@ -118,14 +135,14 @@ public:
         CNode *pNode = static_cast<CNode *>(position);
         (pNode->pPrev ? pNode->pPrev->pNext : m_pHead) = pNode->pNext;
         (pNode->pNext ? pNode->pNext->pPrev : m_pTail) = pNode->pPrev;
-        delete pNode;
+        DeleteNode(pNode);
         --m_nCount;
     }
     void RemoveAll()
     {
         for (CNode *pNode = m_pHead; pNode;) {
             CNode *pNext = pNode->pNext;
-            delete pNode;
+            DeleteNode(pNode);
             pNode = pNext;
         }
         m_pHead = m_pTail = nullptr;
@@ -153,6 +170,8 @@ public:
     }
 
 private:
+    static INT_PTR const kShort = 8;  // a list this long or longer is long
+
     CNode *m_pHead = nullptr;
     CNode *m_pTail = nullptr;
     INT_PTR m_nCount = 0;

@@ -2,6 +2,7 @@
 
 #include "../objects/AI_CCommand.h"
 #include "../objects/AI_Listing.h"
+#include "../vocabulary/AI_Registry.h"
 #include "AI_CStrategy.h"
 
 namespace {
@@ -101,7 +102,7 @@ void AI_CStrategy::PrettyPrintConstants(std::ostream &os, int nLevel) const
         m_mapConstants.GetNextAssoc(pos, nSID, pValues);
         os << ";";
         listing::Indent(os, nLevel);
-        os << AI_String(nSID).GetString() << " = ";
+        os << vocabulary::NameOf(nSID) << " = ";
         for (int i = 0; i < pValues->GetSize(); ++i)
             os << (i ? ", " : "") << pValues->GetAt(i);
         os << std::endl;

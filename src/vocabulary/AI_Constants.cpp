@@ -11,26 +11,20 @@ unsigned int AI_AddConstant(char const *pszName, int nValue)
     vocabulary::Registry &r = vocabulary::TheRegistry();
     unsigned int const nSID = r.nextConstant;
     vocabulary::Intern(pszName, nSID);
-    r.constants[nSID] = std::vector<int>(1, nValue);
+    r.sids.SetValues(nSID, nValue);
     r.nextConstant = nSID + 1;
     return nSID;
 }
 
 void AI_AddConstantValue(unsigned int nSID, int nValue)
 {
-    vocabulary::Registry &r = vocabulary::TheRegistry();
-    auto const it = r.constants.find(nSID);
-    if (it != r.constants.end())
-        it->second.push_back(nValue);
+    vocabulary::TheRegistry().sids.AddValue(nSID, nValue);
 }
 
 int AI_Constant(unsigned int nSID, int nIndex)
 {
-    vocabulary::Registry const &r = vocabulary::TheRegistry();
-    auto const it = r.constants.find(nSID);
-    if (it == r.constants.end() || nIndex < 0 || static_cast<size_t>(nIndex) >= it->second.size())
-        return AI_NO_VALUE;
-    return it->second[static_cast<size_t>(nIndex)];
+    int nValue = 0;
+    return vocabulary::TheRegistry().sids.Value(nSID, nIndex, nValue) ? nValue : AI_NO_VALUE;
 }
 
 int AI_DeleteDefine(unsigned int nSID) { return vocabulary::Forget(nSID) ? 1 : 0; }
@@ -41,14 +35,18 @@ int AI_DeleteConstant(unsigned int nSID)
 {
     if (!vocabulary::Forget(nSID))
         return 0;
-    vocabulary::TheRegistry().constants.erase(nSID);
+    vocabulary::TheRegistry().sids.DropValues(nSID);
     return 1;
 }
 
+// Which constant is forgotten first does not matter: forgetting a SID reads
+// only that SID's own name.
 void AI_DeleteConstants()
 {
     vocabulary::Registry &r = vocabulary::TheRegistry();
-    for (auto const &entry : r.constants)
-        vocabulary::Forget(entry.first);
-    r.constants.clear();
+    std::vector<unsigned int> const sids = r.sids.Constants();
+    for (unsigned int nSID : sids)
+        vocabulary::Forget(nSID);
+    for (unsigned int nSID : sids)
+        r.sids.DropValues(nSID);
 }

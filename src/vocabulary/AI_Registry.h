@@ -4,11 +4,11 @@
 #define STRATAGEM_VOCABULARY_AI_REGISTRY_H
 
 #include <memory>
-#include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "AI_CFunction.h"
+#include "AI_NameIndex.h"
+#include "AI_SidRecords.h"
 
 namespace vocabulary {
 
@@ -16,11 +16,10 @@ typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> Function
 
 struct Registry
 {
-    std::unordered_map<std::string, unsigned int> symbols;  // name -> SID
-    std::unordered_map<unsigned int, CString> names;        // SID -> name
+    NameIndex symbols;  // name -> SID
+    SidRecords sids;    // SID -> name, and a constant's values
     FunctionTable facts;
     FunctionTable actions;
-    std::unordered_map<unsigned int, std::vector<int>> constants;
     unsigned int nextConstant = 4001;  // never reset: a constant SID is used once
 };
 
@@ -36,6 +35,14 @@ bool Forget(unsigned int nSID);
 
 // 1 when the name table has an entry for the SID.
 int IsRegistered(unsigned int nSID);
+
+// Asks the processor for the symbol table's slot of the name, for a lookup
+// of it that follows soon.
+void PrefetchSymbol(char const *pszName);
+
+// The name interned for the SID, or the empty string; valid until the
+// SID's name changes.
+char const *NameOf(unsigned int nSID);
 
 }  // namespace vocabulary
 

@@ -1,5 +1,7 @@
 #include "AI_SymbolTable.h"
 
+#include <memory>
+
 #include "AI_Constants.h"
 #include "AI_FunctionTable.h"
 #include "AI_Registry.h"
@@ -16,27 +18,35 @@ Registry &TheRegistry()
 void Intern(char const *pszName, unsigned int nSID)
 {
     Registry &r = TheRegistry();
-    std::string name(pszName ? pszName : "");
-    r.symbols[name] = nSID;
-    r.names[nSID] = CString(name.c_str());
+    char const *pszText = pszName ? pszName : "";
+    r.symbols.Set(pszText, nSID);
+    r.sids.SetName(nSID, pszText);
 }
 
 bool Forget(unsigned int nSID)
 {
     Registry &r = TheRegistry();
-    auto const it = r.names.find(nSID);
-    if (it == r.names.end())
+    std::unique_ptr<char[]> const pszName = r.sids.TakeName(nSID);
+    if (!pszName)
         return false;
-    std::string const name(static_cast<char const *>(it->second));
-    r.names.erase(it);
-    r.symbols.erase(name);
+    r.symbols.Erase(pszName.get());
     return true;
+}
+
+void PrefetchSymbol(char const *pszName)
+{
+    TheRegistry().symbols.Prefetch(pszName);
 }
 
 int IsRegistered(unsigned int nSID)
 {
-    Registry const &r = TheRegistry();
-    return r.names.find(nSID) != r.names.end() ? 1 : 0;
+    return TheRegistry().sids.Name(nSID) ? 1 : 0;
+}
+
+char const *NameOf(unsigned int nSID)
+{
+    char const *pszName = TheRegistry().sids.Name(nSID);
+    return pszName ? pszName : "";
 }
 
 }  // namespace vocabulary
@@ -67,18 +77,12 @@ int IsKind(KindRange const &kind, unsigned int nSID)
 
 unsigned int AI_Symbol(char const *pszName)
 {
-    if (!pszName)
-        return 0;
-    vocabulary::Registry const &r = vocabulary::TheRegistry();
-    auto const it = r.symbols.find(pszName);
-    return it != r.symbols.end() ? it->second : 0;
+    return pszName ? vocabulary::TheRegistry().symbols.Find(pszName) : 0;
 }
 
 CString AI_String(unsigned int nSID)
 {
-    vocabulary::Registry const &r = vocabulary::TheRegistry();
-    auto const it = r.names.find(nSID);
-    return it != r.names.end() ? it->second : CString();
+    return CString(vocabulary::NameOf(nSID));
 }
 
 int AI_IsDefine(unsigned int nSID) { return IsKind(kDefines, nSID); }
@@ -93,6 +97,6 @@ void AI_DeleteAll()
     AI_DeleteActions();
     AI_DeleteConstants();
     vocabulary::Registry &r = vocabulary::TheRegistry();
-    r.names.clear();
-    r.symbols.clear();
+    r.sids.Clear();
+    r.symbols.Clear();
 }
