@@ -89,7 +89,7 @@ int AI_ParserToken()
     static int s_nPrevious = 0;
     int const nToken = ai_yylex();
     if (nToken == TOK_SYMBOL && s_nPrevious == TOK_RW_DEFCONST)
-        vocabulary::PrefetchSymbol(ai_yylval.pszText);
+        vocabulary::AnnounceConstantName(ai_yylval.pszText);
     s_nPrevious = nToken;
     return nToken;
 }

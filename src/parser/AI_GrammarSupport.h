@@ -29,8 +29,8 @@ char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable);
 
 // The grammar's source of tokens: the scanner's next token. The name of a
 // constant definition is looked up only when the definition ends, two
-// tokens later; its symbol table slot is asked for as soon as it is read,
-// so that in a large strategy the memory's latency is mostly hidden.
+// tokens later; the symbol table is told of it as soon as it is read, so
+// that in a large strategy it can have the name's entry at hand.
 int AI_ParserToken();
 
 // The stacks hold at most this many entries.

@@ -33,9 +33,9 @@ bool Forget(unsigned int nSID)
     return true;
 }
 
-void PrefetchSymbol(char const *pszName)
+void AnnounceConstantName(char const *pszName)
 {
-    TheRegistry().symbols.Prefetch(pszName);
+    TheRegistry().symbols.Announce(pszName);
 }
 
 int IsRegistered(unsigned int nSID)
