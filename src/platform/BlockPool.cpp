@@ -101,6 +101,10 @@ struct ThreadPool
 {
     ClassState classes[kBlockStreams][kClasses];
     ThreadPool *pNextParked;
+    // Blocks other threads have given back to this pool's chunks since the
+    // pool last took them back: counted so that the owner looks for them
+    // only when there are some.
+    std::atomic<unsigned> nForeignFrees{0};
 };
 
 // The calling thread's pool, or null before its first block. One pointer of
@@ -201,8 +205,44 @@ void *TakeFrom(Chunk *pChunk)
     return nullptr;
 }
 
-// The current chunk is full: continue with a chunk that has room, else a
-// new one.
+// A block from the first listed chunk that still has room; null when none
+// has. Chunks found full leave the list.
+void *TakeFromChunksWithRoom(ClassState &state)
+{
+    while (Chunk *pChunk = state.pWithRoom) {
+        state.pWithRoom = pChunk->pNextWithRoom;
+        state.pCurrent = pChunk;
+        if (void *pBlock = TakeFrom(pChunk))
+            return pBlock;
+        pChunk->bInUse = false;
+        state.pCurrent = nullptr;
+    }
+    return nullptr;
+}
+
+// Takes back what other threads gave back to any chunk of the pool, also to
+// chunks the pool has left because they were full, and lists each of those
+// with its class again, so that no block given back is lost to its owner.
+void ReclaimForeignEverywhere(ThreadPool *pPool)
+{
+    if (pPool->nForeignFrees.exchange(0, std::memory_order_acquire) == 0)
+        return;
+    std::lock_guard<std::mutex> lock(g_chunkMutex);
+    for (Chunk *pChunk = g_pChunks; pChunk; pChunk = pChunk->pNextOfAll) {
+        if (pChunk->pOwner != pPool || !pChunk->pForeign.load(std::memory_order_acquire))
+            continue;
+        ReclaimForeign(pChunk);
+        if (pChunk->bInUse)
+            continue;
+        ClassState &owning = *pChunk->pState;
+        pChunk->bInUse = true;
+        pChunk->pNextWithRoom = owning.pWithRoom;
+        owning.pWithRoom = pChunk;
+    }
+}
+
+// The current chunk is full: continue with a chunk that has room, else one
+// that other threads have given blocks back to, else a new one.
 void *AllocateSlow(ClassState &state, std::size_t nBlock)
 {
     if (Chunk *pFull = state.pCurrent) {
@@ -212,14 +252,11 @@ void *AllocateSlow(ClassState &state, std::size_t nBlock)
         pFull->bInUse = false;
         state.pCurrent = nullptr;
     }
-    while (Chunk *pChunk = state.pWithRoom) {
-        state.pWithRoom = pChunk->pNextWithRoom;
-        state.pCurrent = pChunk;
-        if (void *pBlock = TakeFrom(pChunk))
-            return pBlock;
-        pChunk->bInUse = false;
-        state.pCurrent = nullptr;
-    }
+    if (void *pBlock = TakeFromChunksWithRoom(state))
+        return pBlock;
+    ReclaimForeignEverywhere(t_pPool);
+    if (void *pBlock = TakeFromChunksWithRoom(state))
+        return pBlock;
     state.pCurrent = NewChunk(state, nBlock);
     return TakeFrom(state.pCurrent);
 }
@@ -231,6 +268,7 @@ void FreeForeign(Chunk *pChunk, FreeNode *pNode)
         pNode->pNext = pHead;
     while (!pChunk->pForeign.compare_exchange_weak(pHead, pNode, std::memory_order_release,
                                                    std::memory_order_relaxed));
+    pChunk->pOwner->nForeignFrees.fetch_add(1, std::memory_order_release);
 }
 
 }  // namespace
