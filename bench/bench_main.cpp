@@ -91,26 +91,38 @@ void SetRates(benchmark::State &state, Case const &c)
     state.counters["peak_rss_MiB"] = bench::PeakRssMiB();
 }
 
-void RunAnalysis(benchmark::State &state, Case *pCase, bool bListing)
+// Runs the body; an exception marks the benchmark as failed and answers
+// false.
+template <class Body>
+bool Guarded(benchmark::State &state, Body body)
 {
-    bench::CountingStream listing;
     try
     {
-        if (!Prepare(*pCase, state))
-            return;
-        for (auto _ : state)
-            Analyse(pCase->Next(), bListing ? &listing : nullptr);
+        body();
+        return !state.error_occurred();
     }
     catch (CException *pException)
     {
         state.SkipWithError(Describe(pException).c_str());
-        return;
     }
     catch (std::exception const &error)
     {
         state.SkipWithError(error.what());
-        return;
     }
+    return false;
+}
+
+void RunAnalysis(benchmark::State &state, Case *pCase, bool bListing)
+{
+    bench::CountingStream listing;
+    bool bDone = Guarded(state, [&] {
+        if (!Prepare(*pCase, state))
+            return;
+        for (auto _ : state)
+            Analyse(pCase->Next(), bListing ? &listing : nullptr);
+    });
+    if (!bDone)
+        return;
     SetRates(state, *pCase);
     if (bListing)
         state.counters["listing_bytes"] = static_cast<double>(listing.Count()) / state.iterations();
@@ -119,8 +131,7 @@ void RunAnalysis(benchmark::State &state, Case *pCase, bool bListing)
 void RunScanner(benchmark::State &state, Case *pCase)
 {
     long long nTokens = 0;
-    try
-    {
+    bool bDone = Guarded(state, [&] {
         GeneratedStrategy const &first = pCase->Strategies().front();
         AI_CStrategy strategy("scan", first.mainFile.c_str(), first.settings);
         AI_CParser parser(&strategy);
@@ -130,17 +141,9 @@ void RunScanner(benchmark::State &state, Case *pCase)
             for (std::string const &file : pCase->Next().files)
                 nTokens += AI_CountTokens(&parser, file.c_str());
         }
-    }
-    catch (CException *pException)
-    {
-        state.SkipWithError(Describe(pException).c_str());
+    });
+    if (!bDone)
         return;
-    }
-    catch (std::exception const &error)
-    {
-        state.SkipWithError(error.what());
-        return;
-    }
     SetRates(state, *pCase);
     state.counters["tokens"] = static_cast<double>(nTokens);
 }
