@@ -42,11 +42,7 @@ void *AI_CCommand::operator new(std::size_t nSize)
 
 void *AI_CCommand::operator new(std::size_t nSize, std::nothrow_t const &) noexcept
 {
-    try {
-        return platform::AllocateBlock(nSize, platform::kCommandBlocks);
-    } catch (std::bad_alloc const &) {
-        return nullptr;
-    }
+    return platform::AllocateBlockOrNull(nSize, platform::kCommandBlocks);
 }
 
 void AI_CCommand::operator delete(void *p, std::size_t nSize) noexcept

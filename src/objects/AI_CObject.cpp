@@ -30,11 +30,7 @@ void *AI_CObject::operator new(std::size_t nSize)
 
 void *AI_CObject::operator new(std::size_t nSize, std::nothrow_t const &) noexcept
 {
-    try {
-        return platform::AllocateBlock(nSize);
-    } catch (std::bad_alloc const &) {
-        return nullptr;
-    }
+    return platform::AllocateBlockOrNull(nSize);
 }
 
 void AI_CObject::operator delete(void *p, std::size_t nSize) noexcept

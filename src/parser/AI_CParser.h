@@ -119,6 +119,10 @@ private:
     // Remembers a new object and forgets the children it now owns.
     template <class T, class... Owned>
     T *Keep(T *pObject, Owned *...pOwned);
+    // Adds an element to a list, making the list for the first element; the
+    // list owns the element from then on.
+    template <class List, class Element>
+    List *Append(List *pList, Element *pElement);
     // Appends a command to a list, or in place of a block the commands of
     // the branch that the strategy's settings select.
     void AddCommand(AI_CCommandList *pCommands, AI_CCommand *pCommand);

@@ -77,11 +77,7 @@ AI_CLoadOptionList *AI_CParser::load_option_list()
 
 AI_CLoadOptionList *AI_CParser::load_option_list(AI_CLoadOptionList *pOptions, AI_CLoadOption *pOption)
 {
-    if (!pOptions)
-        pOptions = Keep(AI_New<AI_CLoadOptionList>());
-    pOptions->Add(pOption);
-    Forget(pOption);
-    return pOptions;
+    return Append(pOptions, pOption);
 }
 
 AI_CLoadOption *AI_CParser::load_option(int nProbability, CString *pFilename)

@@ -21,6 +21,16 @@ T *AI_CParser::Keep(T *pObject, Owned *...pOwned)
     return pObject;
 }
 
+template <class List, class Element>
+List *AI_CParser::Append(List *pList, Element *pElement)
+{
+    if (!pList)
+        pList = Keep(AI_New<List>());
+    pList->Add(pElement);
+    Forget(pElement);
+    return pList;
+}
+
 // The objects built from script text are valid, since the actions check
 // their parts first; an object that is not would be a fault of the library,
 // reported rather than let into the tree. The object is already remembered,

@@ -69,26 +69,22 @@ long ConvertLong(char const *pszText, char **ppEnd)
 
 AI_CCEList *AI_CParser::ce_list(AI_CCE *pCE)
 {
-    return ce_list(Keep(AI_New<AI_CCEList>()), pCE);
+    return Append<AI_CCEList>(nullptr, pCE);
 }
 
 AI_CCEList *AI_CParser::ce_list(AI_CCEList *pCEs, AI_CCE *pCE)
 {
-    pCEs->Add(pCE);
-    Forget(pCE);
-    return pCEs;
+    return Append(pCEs, pCE);
 }
 
 AI_CActionList *AI_CParser::action_list(AI_CAction *pAction)
 {
-    return action_list(Keep(AI_New<AI_CActionList>()), pAction);
+    return Append<AI_CActionList>(nullptr, pAction);
 }
 
 AI_CActionList *AI_CParser::action_list(AI_CActionList *pActions, AI_CAction *pAction)
 {
-    pActions->Add(pAction);
-    Forget(pAction);
-    return pActions;
+    return Append(pActions, pAction);
 }
 
 AI_CCE *AI_CParser::conditional_element(AI_CCE *pCE)
@@ -150,11 +146,7 @@ AI_CExprList *AI_CParser::expr_list()
 
 AI_CExprList *AI_CParser::expr_list(AI_CExprList *pExpressions, AI_CExpression *pExpression)
 {
-    if (!pExpressions)
-        pExpressions = Keep(AI_New<AI_CExprList>());
-    pExpressions->Add(pExpression);
-    Forget(pExpression);
-    return pExpressions;
+    return Append(pExpressions, pExpression);
 }
 
 // A name of the right kind must also have a signature: a host may have put

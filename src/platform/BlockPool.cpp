@@ -345,4 +345,13 @@ std::size_t BlockBytesInUse()
 
 #endif
 
+void *AllocateBlockOrNull(std::size_t nSize, BlockStream nStream) noexcept
+{
+    try {
+        return AllocateBlock(nSize, nStream);
+    } catch (std::bad_alloc const &) {
+        return nullptr;
+    }
+}
+
 }  // namespace platform

@@ -45,6 +45,10 @@ enum BlockStream : unsigned
 // left.
 STRATAGEM_API void *AllocateBlock(std::size_t nSize, BlockStream nStream = kGeneralBlocks);
 
+// As AllocateBlock, but null instead of an exception when there is no
+// memory left (for the nothrow forms of operator new).
+STRATAGEM_API void *AllocateBlockOrNull(std::size_t nSize, BlockStream nStream = kGeneralBlocks) noexcept;
+
 // Gives back a block from AllocateBlock; nSize must be the size asked for.
 STRATAGEM_API void FreeBlock(void *pBlock, std::size_t nSize) noexcept;
 
