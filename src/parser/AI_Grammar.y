@@ -28,10 +28,6 @@ class AI_CExpression;
 #include "AI_FrontEnd.h"
 #include "AI_GrammarSupport.h"
 
-/* Tokens come through the parser's own source of tokens. */
-#undef yylex
-#define yylex AI_ParserToken
-
 /* The stacks start with room for 200 entries and double up to 10,000. */
 #define YYINITDEPTH 200
 #define YYMAXDEPTH AI_PARSER_STACK_MAX

@@ -84,12 +84,3 @@ char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable)
     return s_szMessage;
 }
 
-int AI_ParserToken()
-{
-    static int s_nPrevious = 0;
-    int const nToken = ai_yylex();
-    if (nToken == TOK_SYMBOL && s_nPrevious == TOK_RW_DEFCONST)
-        vocabulary::AnnounceConstantName(ai_yylval.pszText);
-    s_nPrevious = nToken;
-    return nToken;
-}

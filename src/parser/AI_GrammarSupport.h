@@ -27,12 +27,6 @@ struct AI_TokenSet
 // next syntax error.
 char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable);
 
-// The grammar's source of tokens: the scanner's next token. The name of a
-// constant definition is looked up only when the definition ends, two
-// tokens later; the symbol table is told of it as soon as it is read, so
-// that in a large strategy it can have the name's entry at hand.
-int AI_ParserToken();
-
 // The stacks hold at most this many entries.
 #define AI_PARSER_STACK_MAX 10000
 

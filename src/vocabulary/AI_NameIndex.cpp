@@ -46,42 +46,8 @@ unsigned int NameIndex::Find(std::string_view name) const
 {
     if (m_slots.empty())
         return 0;
-    std::uint64_t const nHash = Hash(name);
-    bool const bAnnounced = m_bAnnounced && m_nAnnouncedHash == nHash;
-    if (bAnnounced) {
-        m_bAnnounced = false;
-        if (m_nExpected != kNone && m_entries[m_nExpected].Is(nHash, name)) {
-            m_nLastAnnounced = m_nExpected;
-            return m_entries[m_nExpected].nSID;
-        }
-    }
-    Slot const &slot = m_slots[Probe(nHash, name)];
-    if (!slot.nEntry)
-        return 0;
-    if (bAnnounced)
-        m_nLastAnnounced = slot.nEntry - 1;
-    return m_entries[slot.nEntry - 1].nSID;
-}
-
-void NameIndex::Announce(std::string_view name)
-{
-    if (m_slots.empty())
-        return;
-    std::uint64_t const nHash = Hash(name);
-    std::size_t const nNext = m_nLastAnnounced + 1;  // entry 0 when there was none
-    m_bAnnounced = true;
-    m_nAnnouncedHash = nHash;
-    m_nExpected = nNext < m_entries.size() && m_entries[nNext].Is(nHash, name) ? nNext : kNone;
-    if (m_nExpected == kNone)
-        __builtin_prefetch(&m_slots[Home(nHash)]);
-}
-
-// Entries move when one is erased: what was learnt about their places goes.
-void NameIndex::ForgetAnnouncements()
-{
-    m_bAnnounced = false;
-    m_nExpected = kNone;
-    m_nLastAnnounced = kNone;
+    Slot const &slot = m_slots[Probe(Hash(name), name)];
+    return slot.nEntry ? m_entries[slot.nEntry - 1].nSID : 0;
 }
 
 void NameIndex::Set(std::string_view name, unsigned int nSID)
@@ -125,7 +91,6 @@ void NameIndex::Erase(std::string_view name)
     std::size_t const i = Probe(Hash(name), name);
     if (!m_slots[i].nEntry)
         return;
-    ForgetAnnouncements();
     std::size_t const nEntry = m_slots[i].nEntry - 1;
     if (m_entries[nEntry].nLength > kInline)
         delete[] m_entries[nEntry].pszName;
@@ -141,7 +106,6 @@ void NameIndex::Erase(std::string_view name)
 
 void NameIndex::Clear()
 {
-    ForgetAnnouncements();
     for (Entry const &entry : m_entries)
         if (entry.nLength > kInline)
             delete[] entry.pszName;

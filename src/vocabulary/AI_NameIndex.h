@@ -2,9 +2,8 @@
 // parser asks it for every word of a script, so a lookup takes the text as
 // it comes (no string is built for it). The names sit in one array in the
 // order they were added, a short name inside its entry; a small open table
-// of entry numbers finds them. Scripts mostly name their constants in the
-// order they defined them, so those lookups walk the array in order, and
-// the table stays small enough for the processor's caches.
+// of entry numbers finds them, and stays small enough for the processor's
+// caches.
 #ifndef STRATAGEM_VOCABULARY_AI_NAMEINDEX_H
 #define STRATAGEM_VOCABULARY_AI_NAMEINDEX_H
 
@@ -25,12 +24,6 @@ public:
 
     // The SID of the name, or 0.
     unsigned int Find(std::string_view name) const;
-    // Tells that the name will soon be looked up as the name of a constant
-    // definition. A strategy analysed again defines its constants in the
-    // order their names were added, so the entry after the one the last
-    // announced name was found at is tried first; otherwise the name's slot
-    // is asked for ahead of the lookup.
-    void Announce(std::string_view name);
     // Maps the name to the SID, replacing the SID it had.
     void Set(std::string_view name, unsigned int nSID);
     // Forgets the name, if it is there.
@@ -69,17 +62,9 @@ private:
     std::vector<Slot> m_slots;  // a power of two of them, or none
     unsigned int m_nShift = 64;  // 64 less the bits of a slot number
 
-    // What Announce learnt for the next lookup of the announced name.
-    static std::size_t const kNone = static_cast<std::size_t>(-1);
-    mutable bool m_bAnnounced = false;
-    mutable std::uint64_t m_nAnnouncedHash = 0;
-    mutable std::size_t m_nExpected = kNone;       // the entry it is expected at
-    mutable std::size_t m_nLastAnnounced = kNone;  // where the last announced name was
-
     static std::uint64_t Hash(std::string_view name);
     std::size_t Home(std::uint64_t nHash) const;
     std::size_t Next(std::size_t i) const { return (i + 1) & (m_slots.size() - 1); }
-    void ForgetAnnouncements();
     // The slot of the name, or the empty slot where it would go.
     std::size_t Probe(std::uint64_t nHash, std::string_view name) const;
     // The slot that holds the entry.

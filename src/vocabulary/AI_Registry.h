@@ -36,10 +36,6 @@ bool Forget(unsigned int nSID);
 // 1 when the name table has an entry for the SID.
 int IsRegistered(unsigned int nSID);
 
-// Tells the symbol table that the name of a constant definition will be
-// looked up soon, so that it can get ready (see NameIndex::Announce).
-void AnnounceConstantName(char const *pszName);
-
 // The name interned for the SID, or the empty string; valid until the
 // SID's name changes.
 char const *NameOf(unsigned int nSID);

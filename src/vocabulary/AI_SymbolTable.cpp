@@ -33,11 +33,6 @@ bool Forget(unsigned int nSID)
     return true;
 }
 
-void AnnounceConstantName(char const *pszName)
-{
-    TheRegistry().symbols.Announce(pszName);
-}
-
 int IsRegistered(unsigned int nSID)
 {
     return TheRegistry().sids.Name(nSID) ? 1 : 0;
