@@ -1,0 +1,178 @@
+// Check mode: an analysis that follows every path of a strategy (both
+// branches of every conditional block, every option of every load-random),
+// reads on after an error, and reports every diagnostic with its exact
+// source range, plus warnings with stable codes. It sits beside the
+// specified analysis (AI_CStrategy::Analyze), which it leaves unchanged.
+//
+// Positions: lines and columns are 1-based; columns count bytes. A range
+// runs from (line, column) to (endLine, endColumn), both inclusive: a
+// one-character token at column 5 has column 5 and endColumn 5. A position
+// at the end of input is the column just past the last character, with
+// endColumn equal to column.
+#ifndef STRATAGEM_CHECK_CHECK_H
+#define STRATAGEM_CHECK_CHECK_H
+
+#include <string>
+#include <vector>
+
+#include "../platform/export.h"
+#include "../vocabulary/AI_GameSettings.h"
+
+namespace stratagem {
+
+struct Range
+{
+    int line = 0;
+    int column = 0;
+    int endLine = 0;
+    int endColumn = 0;
+};
+
+enum class Severity
+{
+    Error,
+    Warning
+};
+
+// One step of the chain by which a file was reached: the load command in
+// `file` at (line, column) that names the next file. The chain runs from
+// the main file down.
+struct LoadStep
+{
+    std::string file;
+    int line = 0;
+    int column = 0;
+};
+
+// A word that could replace the diagnostic's range (did you mean ...).
+// The server offers each as a quick fix.
+struct Replacement
+{
+    Range range;
+    std::string text;
+};
+
+struct Diagnostic
+{
+    std::string file;  // as the specified error messages write it
+    Range range;
+    Severity severity = Severity::Error;
+    std::string code;     // "E000".."E013", "E100", "W..."
+    std::string message;  // readable message, without file or position
+    std::vector<std::string> hints;
+    std::vector<LoadStep> loadedFrom;
+    std::vector<Replacement> fixes;
+};
+
+// Where the check reads script text from. The default reads the disk in
+// text mode; an editor supplies its unsaved buffers first.
+class STRATAGEM_API SourceProvider
+{
+public:
+    virtual ~SourceProvider();
+    // The raw bytes of the named file; false with errno-style `error` set
+    // when it cannot be read. Text-mode conversion is the checker's job.
+    virtual bool Read(std::string const &name, std::string &bytes, int &error) const;
+};
+
+struct CheckOptions
+{
+    AI_GameSettings settings = AI_gsSettings;
+    std::vector<std::string> extraFiles;       // read before the main file
+    SourceProvider const *sources = nullptr;   // null: the disk
+};
+
+// What one file contributes, for editors: its outline and the places of
+// constant definitions, constant uses and loads.
+enum class OutlineKind
+{
+    Rule,
+    Constant,
+    Load,
+    LoadRandom,
+    Block
+};
+
+struct OutlineItem
+{
+    OutlineKind kind = OutlineKind::Rule;
+    std::string name;      // rule: "defrule", constant: its name, load: the written name, block: the define word
+    std::string detail;    // e.g. the constant's value, the resolved file name, "#load-if-defined"
+    Range range;           // the whole command
+    Range selectionRange;  // the part to highlight (name, keyword)
+    std::vector<OutlineItem> children;  // a block's commands (both branches)
+};
+
+struct ConstantDefinition
+{
+    std::string name;
+    int value = 0;
+    Range nameRange;
+    Range commandRange;
+};
+
+struct NamedRange
+{
+    std::string name;
+    Range range;
+};
+
+struct LoadReference
+{
+    std::string writtenName;  // as between the quotes
+    std::string target;       // the file name the load reads (directory + written name + extension)
+    Range stringRange;        // the string literal, quotes included
+};
+
+struct FileReport
+{
+    std::string file;  // as diagnostics name it
+    std::vector<LoadStep> loadedFrom;
+    std::vector<OutlineItem> outline;
+    std::vector<ConstantDefinition> constants;
+    std::vector<NamedRange> constantUses;
+    std::vector<LoadReference> loads;
+};
+
+struct CheckReport
+{
+    std::vector<Diagnostic> diagnostics;  // in the order found
+    std::vector<FileReport> files;        // every file reached, in the order first read
+    int errors = 0;
+    int warnings = 0;
+};
+
+// Checks the strategy whose main file is `mainFile`. The vocabulary must be
+// registered. Registry state the check adds (constants) is removed before
+// it returns, so consecutive checks are independent. Never throws a script
+// error; an allocation failure raises the platform's memory exception.
+STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const &options = {});
+
+// One token of script text, for editors (hover, completion, signature
+// help). Token codes are the scanner's; invalid characters have code -1
+// and an unterminated string runs to the end of the text.
+struct Token
+{
+    int code = 0;
+    std::string text;  // the source text of the token
+    Range range;
+};
+
+STRATAGEM_API std::vector<Token> Tokenize(std::string const &text);
+
+// Vocabulary descriptions, shared by hints and hovers.
+// The readable name of a parameter type code, e.g. "goal-id".
+STRATAGEM_API std::string ParamTypeName(int nType);
+// What a parameter type accepts, e.g. "an integer from 1 to 40" or
+// "one of: villager, militiaman, ...".
+STRATAGEM_API std::string AcceptedValues(int nType);
+// A fact's or action's signature, e.g. "(food-amount rel-op value)".
+STRATAGEM_API std::string Signature(unsigned int nSID);
+// Registered words closest to `word` among those `accept` admits (by SID),
+// best first, at most `max`.
+STRATAGEM_API std::vector<std::string> ClosestWords(std::string const &word, bool (*accept)(unsigned int nSID),
+                                                    int max = 3);
+
+}  // namespace stratagem
+
+#endif
