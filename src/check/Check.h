@@ -54,7 +54,7 @@ struct Replacement
 
 struct Diagnostic
 {
-    std::string file;  // as the specified error messages write it
+    std::string file;  // as the analysis's error messages write it
     Range range;
     Severity severity = Severity::Error;
     std::string code;     // "E000".."E013", "E100", "W..."
