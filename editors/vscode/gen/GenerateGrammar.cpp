@@ -1,7 +1,6 @@
 // Writes the editor grammar of the script language, built from the
-// vocabulary the library registers, to the file named on the command line
-// (or to standard output without one).
-#include <cstdio>
+// vocabulary the library registers, and optionally a test case for the
+// TextMate test runner that covers every registered word.
 #include <fstream>
 #include <iostream>
 #include <new>
@@ -12,16 +11,23 @@
 
 namespace {
 
-std::string GrammarText()
+struct Outputs
+{
+    std::string grammar;
+    std::string wordsTest;
+};
+
+Outputs Build()
 {
     AI_AddFacts();
     AI_AddActions();
     AI_AddDefines();
     AI_AddParams();
-    std::string text;
+    Outputs outputs;
     try
     {
-        text = grammar::BuildGrammar().dump(2) + "\n";
+        outputs.grammar = grammar::BuildGrammar().dump(2) + "\n";
+        outputs.wordsTest = grammar::BuildWordsSyntaxTest();
     }
     catch (...)
     {
@@ -29,13 +35,11 @@ std::string GrammarText()
         throw;
     }
     AI_DeleteAll();
-    return text;
+    return outputs;
 }
 
 bool Write(std::string const &text, char const *path)
 {
-    if (path == nullptr)
-        return static_cast<bool>(std::cout << text << std::flush);
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     return out && out << text && out.flush();
 }
@@ -44,26 +48,31 @@ bool Write(std::string const &text, char const *path)
 
 int main(int argc, char **argv)
 {
-    if (argc > 2)
+    if (argc < 2 || argc > 3)
     {
-        std::cerr << "usage: " << argv[0] << " [OUTPUT.json]\n";
+        std::cerr << "usage: " << argv[0] << " GRAMMAR.json [WORDS-TEST.per]\n";
         return 2;
     }
-    char const *path = argc == 2 ? argv[1] : nullptr;
     try
     {
-        if (Write(GrammarText(), path))
-            return 0;
-        std::cerr << argv[0] << ": cannot write " << (path ? path : "standard output") << "\n";
+        Outputs const outputs = Build();
+        for (int i = 1; i < argc; ++i)
+        {
+            if (!Write(i == 1 ? outputs.grammar : outputs.wordsTest, argv[i]))
+            {
+                std::cerr << argv[0] << ": cannot write " << argv[i] << "\n";
+                return 1;
+            }
+        }
+        return 0;
     }
     catch (CException *exception)
     {
         exception->Delete();
-        std::cerr << argv[0] << ": Out of memory.\n";
     }
     catch (std::bad_alloc const &)
     {
-        std::cerr << argv[0] << ": Out of memory.\n";
     }
+    std::cerr << argv[0] << ": Out of memory.\n";
     return 1;
 }

@@ -120,6 +120,15 @@ json Integer()
     return Match(std::string("\\+[0-9]+|") + kWordStart + "-?[0-9]+" + kWordEnd, "constant.numeric.integer.stratagem");
 }
 
+char const *ReservedScope(std::string const &word)
+{
+    for (ReservedWords const &reserved : Reserved())
+        for (char const *candidate : reserved.words)
+            if (word == candidate)
+                return reserved.scope;
+    return nullptr;
+}
+
 }  // namespace
 
 std::vector<WordKind> const &WordKinds()
@@ -189,6 +198,20 @@ json BuildGrammar()
             {"fileTypes", {"per", "ai"}},
             {"patterns", patterns},
             {"repository", repository}};
+}
+
+std::string BuildWordsSyntaxTest()
+{
+    std::string text = "; SYNTAX TEST \"source.stratagem\" \"every registered word takes the scope of its kind\"\n";
+    for (WordKind const &kind : WordKinds())
+    {
+        for (std::string const &word : RegisteredWords(kind))
+        {
+            char const *reserved = ReservedScope(word);
+            text += "(" + word + ")\n;" + std::string(word.size(), '^') + " " + (reserved ? reserved : kind.scope) + "\n";
+        }
+    }
+    return text;
 }
 
 }  // namespace grammar

@@ -31,6 +31,11 @@ std::vector<std::string> RegisteredWords(WordKind const &kind);
 // vocabulary first). Throws std::bad_alloc when memory runs out.
 nlohmann::json BuildGrammar();
 
+// A test case for the TextMate test runner that puts every registered word in
+// a script line and expects the scope the grammar gives its kind (a reserved
+// word keeps the reserved word's scope).
+std::string BuildWordsSyntaxTest();
+
 }  // namespace grammar
 
 #endif
