@@ -6,6 +6,8 @@ const vscode = require('vscode');
 const { LanguageClient, TransportKind, DidChangeConfigurationNotification } = require('vscode-languageclient/node');
 const { SECTION, analysisOptions, serverCommand } = require('./config');
 
+const SCRIPT_FILES = '**/*.{per,ai}';
+
 let client;
 let output;
 
@@ -27,11 +29,11 @@ async function startClient() {
     'Stratagem',
     { run: executable, debug: executable },
     {
-      documentSelector: [
-        { scheme: 'file', language: 'stratagem' },
-        { scheme: 'untitled', language: 'stratagem' },
-      ],
+      // The server reads loaded files by name, so only documents with a path.
+      documentSelector: [{ scheme: 'file', language: 'stratagem' }],
       initializationOptions: analysisOptions(settingsReader()),
+      // Files the strategy loads change on disk too, open or not.
+      synchronize: { fileEvents: vscode.workspace.createFileSystemWatcher(SCRIPT_FILES) },
       outputChannel: output,
     },
   );

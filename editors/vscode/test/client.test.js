@@ -37,6 +37,7 @@ const fakeVscode = {
       return world.folders.map((fsPath) => ({ uri: { fsPath } }));
     },
     onDidChangeConfiguration: (handler) => ((world.handlers.configuration = handler), { dispose() {} }),
+    createFileSystemWatcher: (glob) => ({ glob, dispose() {} }),
   },
   window: {
     createOutputChannel: (name) => ({ name, dispose() {} }),
@@ -123,6 +124,8 @@ test('activation starts the configured server with the analysis options', async 
   assert.equal(client.serverOptions.run.command, path.join('/work/strategy', 'bin/stratagem-lsp'));
   assert.deepEqual(client.clientOptions.initializationOptions, { mainFiles: ['main.per'], settings: {}, defines: ['REGICIDE'] });
   assert.ok(client.clientOptions.documentSelector.every((selector) => selector.language === manifest.contributes.languages[0].id));
+  const watched = client.clientOptions.synchronize.fileEvents.glob;
+  for (const suffix of manifest.contributes.languages[0].extensions) assert.ok(watched.includes(suffix.slice(1)), suffix);
   assert.ok(world.commands['stratagem.restartServer'], 'restart command registered');
   assert.ok(manifest.contributes.commands.some((c) => c.command === 'stratagem.restartServer'));
   assert.equal(context.subscriptions.length, 3);
