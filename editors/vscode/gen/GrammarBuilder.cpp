@@ -151,13 +151,14 @@ std::vector<std::string> RegisteredWords(WordKind const &kind)
     return words;
 }
 
-// The order of the top-level patterns settles ties between matches that
-// start at the same place: reserved words before registered words (the
-// relational words are params as well), every word before a plain symbol,
-// and anything left over is a character the scanner rejects.
+// The rules in the order the tokenizer tries them. The order settles ties
+// between matches that start at the same place: reserved words before
+// registered words (the relational words are params as well), every word
+// before a plain symbol, and anything left over is a character the scanner
+// rejects.
 json BuildGrammar()
 {
-    json repository = {
+    std::vector<std::pair<std::string, json>> rules = {
         {"comment", Comment()},
         {"string", String()},
         {"directive", Directive()},
@@ -169,28 +170,24 @@ json BuildGrammar()
         {"paren-close", Match("\\)", "punctuation.section.parens.end.stratagem")},
         {"integer", Integer()},
     };
-    std::vector<std::string> order = {"comment",           "string",         "directive",           "directive-mark", "arrow",
-                                      "relational-symbol", "constant-definition", "paren-open",     "paren-close",    "integer"};
     for (ReservedWords const &reserved : Reserved())
-    {
-        repository[reserved.repositoryKey] = Match(WholeWords(reserved.words), reserved.scope);
-        order.emplace_back(reserved.repositoryKey);
-    }
+        rules.emplace_back(reserved.repositoryKey, Match(WholeWords(reserved.words), reserved.scope));
     for (WordKind const &kind : WordKinds())
     {
         std::vector<std::string> const words = RegisteredWords(kind);
-        if (words.empty())
-            continue;
-        repository[kind.repositoryKey] = Match(WholeWords(words), kind.scope);
-        order.emplace_back(kind.repositoryKey);
+        if (!words.empty())
+            rules.emplace_back(kind.repositoryKey, Match(WholeWords(words), kind.scope));
     }
-    repository["symbol"] = Match(kSymbolRun, "variable.other.stratagem");
-    repository["invalid"] = Match("[^ \\t\\n]", "invalid.illegal.character.stratagem");
-    order.insert(order.end(), {"symbol", "invalid"});
+    rules.emplace_back("symbol", Match(kSymbolRun, "variable.other.stratagem"));
+    rules.emplace_back("invalid", Match("[^ \\t\\n]", "invalid.illegal.character.stratagem"));
 
     json patterns = json::array();
-    for (std::string const &key : order)
-        patterns.push_back({{"include", "#" + key}});
+    json repository = json::object();
+    for (auto const &rule : rules)
+    {
+        patterns.push_back({{"include", "#" + rule.first}});
+        repository[rule.first] = rule.second;
+    }
     return {{"information_for_contributors",
              {"Generated from the vocabulary registry of libstratagem by GenerateGrammar: do not edit by hand."}},
             {"name", "Stratagem"},
