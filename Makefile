@@ -79,9 +79,7 @@ fuzz: fuzz-deps
 # The VS Code extension as $(VSCODE)/stratagem.vsix, with the grammar the
 # build generates from the vocabulary.
 vsix: build vscode-deps
-	mkdir -p $(VSCODE)/syntaxes
-	cp $(BUILD)/editors/stratagem.tmLanguage.json $(VSCODE)/syntaxes/
-	cd $(VSCODE) && CI=true npx --no-install vsce package --skip-license --allow-missing-repository --out stratagem.vsix
+	sh $(VSCODE)/package-vsix.sh $(BUILD)/editors/stratagem.tmLanguage.json $(VSCODE)/stratagem.vsix
 
 clean:
-	rm -rf $(BUILD) $(ASAN) build-bench build-fuzz $(VSCODE)/syntaxes $(VSCODE)/stratagem.vsix
+	rm -rf $(BUILD) $(ASAN) build-bench build-fuzz $(VSCODE)/stratagem.vsix
