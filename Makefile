@@ -5,11 +5,13 @@ JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD    ?= build
 ASAN     ?= build-asan
 CMAKE_GEN = cmake -S . -DCMAKE_BUILD_TYPE=Release
-PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config
+PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config nlohmann-json3-dev
 FUZZ_PACKAGES = clang libclang-rt-dev
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps fuzz-deps install-packages build build-asan run test test-release test-asan bench fuzz clean
+VSCODE    = editors/vscode
+
+.PHONY: all deps fuzz-deps node-deps vscode-deps install-packages build build-asan run test test-release test-asan bench fuzz vsix clean
 
 all: build
 
@@ -18,6 +20,21 @@ deps:
 
 fuzz-deps: deps
 	@$(MAKE) --no-print-directory install-packages WANTED="$(FUZZ_PACKAGES)"
+
+# Node.js and npm for the VS Code extension: the distribution's packages,
+# unless a node and an npm are already on PATH (a newer npm may be installed
+# by other means, and Debian's npm package would conflict with it).
+node-deps:
+	@command -v node >/dev/null 2>&1 && command -v npm >/dev/null 2>&1 || \
+	  $(MAKE) --no-print-directory install-packages WANTED="nodejs npm"
+
+# The extension's npm packages, exactly as package-lock.json pins them;
+# installed again only when the lock file changes.
+vscode-deps: node-deps
+	@if [ ! -f $(VSCODE)/node_modules/.package-lock.json ] || \
+	    [ $(VSCODE)/package-lock.json -nt $(VSCODE)/node_modules/.package-lock.json ]; then \
+	  cd $(VSCODE) && CI=true npm ci --no-audit --no-fund --loglevel=error; \
+	fi
 
 # Installs with apt-get whichever of WANTED is missing; does nothing when all are present.
 install-packages:
@@ -40,10 +57,10 @@ build-asan: deps
 run: build
 	@$(BUILD)/stratagem --name "Sample" examples/main.per
 
-test-release: build
+test-release: build vscode-deps
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
 
-test-asan: build-asan
+test-asan: build-asan vscode-deps
 	cd $(ASAN) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest -j $(JOBS) --output-on-failure
 
 test: test-release test-asan
@@ -59,5 +76,10 @@ fuzz: fuzz-deps
 	mkdir -p fuzz-corpus
 	build-fuzz/fuzz/stratagem_fuzz -max_total_time=$(FUZZ_SECONDS) -detect_leaks=1 fuzz-corpus fuzz/seeds
 
+# The VS Code extension as $(VSCODE)/stratagem.vsix, with the grammar the
+# build generates from the vocabulary.
+vsix: build vscode-deps
+	sh $(VSCODE)/package-vsix.sh $(BUILD)/editors/stratagem.tmLanguage.json $(VSCODE)/stratagem.vsix
+
 clean:
-	rm -rf $(BUILD) $(ASAN) build-bench build-fuzz
+	rm -rf $(BUILD) $(ASAN) build-bench build-fuzz $(VSCODE)/stratagem.vsix

@@ -1,0 +1,43 @@
+'use strict';
+// What the extension hands the language server, worked out from the
+// `stratagem.*` settings. Kept apart from the VS Code API so it can be
+// tested on its own.
+const path = require('path');
+
+const SECTION = 'stratagem';
+
+// The settings the server reads, with the shape each must have; anything
+// else a user wrote is left out rather than sent malformed.
+const isStringArray = (value) => Array.isArray(value);
+const ANALYSIS_KEYS = {
+  mainFiles: { empty: () => [], accept: isStringArray, clean: (v) => v.filter((s) => typeof s === 'string' && s !== '') },
+  settings: {
+    empty: () => ({}),
+    accept: (v) => v !== null && typeof v === 'object' && !Array.isArray(v),
+    clean: (v) => Object.fromEntries(Object.entries(v).filter(([, n]) => Number.isInteger(n))),
+  },
+  defines: { empty: () => [], accept: isStringArray, clean: (v) => v.filter((s) => typeof s === 'string' && s !== '') },
+};
+
+// initializationOptions, and the `settings` of workspace/didChangeConfiguration:
+// { mainFiles: [path relative to the workspace folder], settings: { field: integer }, defines: [word] }.
+function analysisOptions(get) {
+  const options = {};
+  for (const [key, shape] of Object.entries(ANALYSIS_KEYS)) {
+    const value = get(key);
+    options[key] = shape.accept(value) ? shape.clean(value) : shape.empty();
+  }
+  return options;
+}
+
+// The program to start. A bare name is looked up on PATH when it is spawned;
+// a relative path with a directory in it is taken from the workspace folder,
+// and "~/" from the home directory.
+function serverCommand(serverPath, workspaceFolder, homeDir) {
+  const given = typeof serverPath === 'string' && serverPath.trim() !== '' ? serverPath.trim() : 'stratagem-lsp';
+  if (given === '~' || given.startsWith('~/')) return path.join(homeDir, given.slice(1));
+  if (path.isAbsolute(given) || !given.includes('/') || !workspaceFolder) return given;
+  return path.resolve(workspaceFolder, given);
+}
+
+module.exports = { SECTION, ANALYSIS_KEYS, analysisOptions, serverCommand };

@@ -1,0 +1,177 @@
+'use strict';
+// The client against stand-ins for the VS Code API and the language client
+// library: what it starts, what it sends, and when it restarts.
+const test = require('node:test');
+const assert = require('node:assert/strict');
+const Module = require('module');
+const os = require('os');
+const path = require('path');
+
+// ---- stand-ins ---------------------------------------------------------------
+const world = { settings: {}, folders: [], clients: [], errors: [], handlers: {}, commands: {} };
+
+class FakeLanguageClient {
+  constructor(id, name, serverOptions, clientOptions) {
+    Object.assign(this, { id, name, serverOptions, clientOptions, running: false, notifications: [] });
+    world.clients.push(this);
+  }
+  async start() {
+    if (world.failStart) throw new Error('spawn stratagem-lsp ENOENT');
+    this.running = true;
+  }
+  async stop() {
+    this.running = false;
+  }
+  isRunning() {
+    return this.running;
+  }
+  async sendNotification(type, params) {
+    this.notifications.push({ method: type.method, params });
+  }
+}
+
+const fakeVscode = {
+  workspace: {
+    getConfiguration: (section) => ({ get: (key) => world.settings[`${section}.${key}`] }),
+    get workspaceFolders() {
+      return world.folders.map((fsPath) => ({ uri: { fsPath } }));
+    },
+    onDidChangeConfiguration: (handler) => ((world.handlers.configuration = handler), { dispose() {} }),
+    createFileSystemWatcher: (glob) => ({ glob, dispose() {} }),
+  },
+  window: {
+    createOutputChannel: (name) => ({ name, dispose() {} }),
+    showErrorMessage: (message) => world.errors.push(message),
+  },
+  commands: { registerCommand: (name, handler) => ((world.commands[name] = handler), { dispose() {} }) },
+};
+
+const fakeClientLibrary = {
+  LanguageClient: FakeLanguageClient,
+  TransportKind: { stdio: 0 },
+  DidChangeConfigurationNotification: { type: { method: 'workspace/didChangeConfiguration' } },
+};
+
+const originalLoad = Module._load;
+Module._load = function load(request, ...rest) {
+  if (request === 'vscode') return fakeVscode;
+  if (request === 'vscode-languageclient/node') return fakeClientLibrary;
+  return originalLoad.call(this, request, ...rest);
+};
+const extension = require('../client/extension');
+const { analysisOptions, serverCommand, ANALYSIS_KEYS } = require('../client/config');
+const manifest = require('../package.json');
+
+function reset(settings, folders = ['/work/strategy']) {
+  Object.assign(world, { settings, folders, clients: [], errors: [], handlers: {}, commands: {}, failStart: false });
+}
+
+function changeOf(...sections) {
+  return { affectsConfiguration: (s) => sections.some((changed) => changed === s || changed.startsWith(`${s}.`)) };
+}
+
+const last = () => world.clients[world.clients.length - 1];
+
+// ---- the settings handed to the server ---------------------------------------
+test('analysis options keep well-formed values and drop the rest', () => {
+  const cases = [
+    { given: {}, want: { mainFiles: [], settings: {}, defines: [] } },
+    {
+      given: { mainFiles: ['main.per', 'ai/other.per'], settings: { nMapSize: 5, bRegicide: 1 }, defines: ['GIANT-MAP'] },
+      want: { mainFiles: ['main.per', 'ai/other.per'], settings: { nMapSize: 5, bRegicide: 1 }, defines: ['GIANT-MAP'] },
+    },
+    {
+      given: { mainFiles: 'main.per', settings: [3], defines: null },
+      want: { mainFiles: [], settings: {}, defines: [] },
+    },
+    {
+      given: { mainFiles: ['a.per', 7, '', null], settings: { nMapSize: '5', nCiv: 2.5, nDifficulty: -1 }, defines: ['X', {}] },
+      want: { mainFiles: ['a.per'], settings: { nDifficulty: -1 }, defines: ['X'] },
+    },
+  ];
+  for (const { given, want } of cases) assert.deepEqual(analysisOptions((key) => given[key]), want, JSON.stringify(given));
+});
+
+test('the server program is found on PATH, from the workspace folder or from home', () => {
+  const home = '/home/author';
+  const cases = [
+    { given: undefined, folder: '/ws', want: 'stratagem-lsp' },
+    { given: '  ', folder: '/ws', want: 'stratagem-lsp' },
+    { given: 'stratagem-lsp-dev', folder: '/ws', want: 'stratagem-lsp-dev' },
+    { given: '/opt/stratagem/bin/stratagem-lsp', folder: '/ws', want: '/opt/stratagem/bin/stratagem-lsp' },
+    { given: 'build/stratagem-lsp', folder: '/ws', want: '/ws/build/stratagem-lsp' },
+    { given: './build/../bin/stratagem-lsp', folder: '/ws', want: '/ws/bin/stratagem-lsp' },
+    { given: 'build/stratagem-lsp', folder: undefined, want: 'build/stratagem-lsp' },
+    { given: '~/bin/stratagem-lsp', folder: '/ws', want: '/home/author/bin/stratagem-lsp' },
+  ];
+  for (const { given, folder, want } of cases) assert.equal(serverCommand(given, folder, home), want, String(given));
+});
+
+test('every setting the client reads is declared in the manifest', () => {
+  const declared = Object.keys(manifest.contributes.configuration.properties);
+  const read = ['serverPath', ...Object.keys(ANALYSIS_KEYS)].map((key) => `stratagem.${key}`);
+  assert.deepEqual([...declared].sort(), [...read].sort());
+});
+
+// ---- the extension's life ----------------------------------------------------
+test('activation starts the configured server with the analysis options', async () => {
+  reset({ 'stratagem.serverPath': 'bin/stratagem-lsp', 'stratagem.mainFiles': ['main.per'], 'stratagem.defines': ['REGICIDE'] });
+  const context = { subscriptions: [] };
+  await extension.activate(context);
+  assert.equal(world.clients.length, 1);
+  const client = last();
+  assert.equal(client.running, true);
+  assert.equal(client.serverOptions.run.command, path.join('/work/strategy', 'bin/stratagem-lsp'));
+  assert.deepEqual(client.clientOptions.initializationOptions, { mainFiles: ['main.per'], settings: {}, defines: ['REGICIDE'] });
+  assert.ok(client.clientOptions.documentSelector.every((selector) => selector.language === manifest.contributes.languages[0].id));
+  const watched = client.clientOptions.synchronize.fileEvents.glob;
+  for (const suffix of manifest.contributes.languages[0].extensions) assert.ok(watched.includes(suffix.slice(1)), suffix);
+  assert.ok(world.commands['stratagem.restartServer'], 'restart command registered');
+  assert.ok(manifest.contributes.commands.some((c) => c.command === 'stratagem.restartServer'));
+  assert.equal(context.subscriptions.length, 3);
+  await extension.deactivate();
+  assert.equal(client.running, false);
+});
+
+test('a change of analysis settings is sent to the running server; a new server path restarts it', async () => {
+  reset({ 'stratagem.settings': { nMapSize: 1 } });
+  await extension.activate({ subscriptions: [] });
+  const first = last();
+
+  await world.handlers.configuration(changeOf('editor.fontSize'));
+  assert.equal(first.notifications.length, 0, 'unrelated settings are ignored');
+
+  world.settings['stratagem.settings'] = { nMapSize: 5 };
+  world.settings['stratagem.defines'] = ['GIANT-MAP'];
+  await world.handlers.configuration(changeOf('stratagem.settings', 'stratagem.defines'));
+  assert.deepEqual(first.notifications, [
+    {
+      method: 'workspace/didChangeConfiguration',
+      params: { settings: { mainFiles: [], settings: { nMapSize: 5 }, defines: ['GIANT-MAP'] } },
+    },
+  ]);
+  assert.equal(world.clients.length, 1, 'no restart for analysis settings');
+
+  world.settings['stratagem.serverPath'] = '/usr/local/bin/stratagem-lsp';
+  await world.handlers.configuration(changeOf('stratagem.serverPath'));
+  assert.equal(world.clients.length, 2);
+  assert.equal(first.running, false, 'the old server is stopped');
+  assert.equal(last().running, true);
+  assert.equal(last().serverOptions.run.command, '/usr/local/bin/stratagem-lsp');
+  assert.deepEqual(last().clientOptions.initializationOptions.settings, { nMapSize: 5 });
+  await extension.deactivate();
+});
+
+test('a server that cannot start is reported, and fixing the path starts it', async () => {
+  reset({});
+  world.failStart = true;
+  await extension.activate({ subscriptions: [] });
+  assert.equal(world.errors.length, 1);
+  assert.match(world.errors[0], /stratagem-lsp.*ENOENT.*stratagem\.serverPath/);
+
+  world.failStart = false;
+  world.settings['stratagem.serverPath'] = os.tmpdir() + '/stratagem-lsp';
+  await world.handlers.configuration(changeOf('stratagem.serverPath'));
+  assert.equal(last().running, true);
+  await extension.deactivate();
+});

@@ -1,0 +1,134 @@
+// The grammar generator over the registry: which words it takes for each
+// kind, what it does with an empty registry, and the test case it writes
+// for the TextMate test runner.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "GrammarBuilder.h"
+#include "stratagem.h"
+
+namespace {
+
+class GrammarBuilder : public ::testing::Test
+{
+protected:
+    void TearDown() override { AI_DeleteAll(); }
+
+    static void RegisterBuiltins()
+    {
+        AI_AddFacts();
+        AI_AddActions();
+        AI_AddDefines();
+        AI_AddParams();
+    }
+
+    static grammar::WordKind const &Kind(std::string const &key)
+    {
+        for (grammar::WordKind const &kind : grammar::WordKinds())
+            if (key == kind.repositoryKey)
+                return kind;
+        throw std::out_of_range(key);
+    }
+};
+
+// The built-in vocabulary lands whole in the kind it belongs to.
+TEST_F(GrammarBuilder, TakesEveryBuiltinWordOnceUnderItsKind)
+{
+    RegisterBuiltins();
+    struct Row
+    {
+        char const *key;
+        size_t count;
+        int (*isKind)(unsigned int);
+    };
+    Row const rows[] = {{"fact", 110, AI_IsFact}, {"action", 54, AI_IsAction}, {"define", 66, AI_IsDefine}, {"parameter", 547, AI_IsParam}};
+    for (Row const &row : rows)
+    {
+        std::vector<std::string> const words = grammar::RegisteredWords(Kind(row.key));
+        EXPECT_EQ(words.size(), row.count) << row.key;
+        EXPECT_EQ(std::set<std::string>(words.begin(), words.end()).size(), words.size()) << row.key;
+        for (std::string const &word : words)
+            EXPECT_TRUE(row.isKind(AI_Symbol(word.c_str()))) << row.key << ": " << word;
+    }
+}
+
+// Words a host registers at the very ends of each range are taken; words
+// just outside are not.
+TEST_F(GrammarBuilder, TakesWordsAtTheEndsOfEachRange)
+{
+    struct Row
+    {
+        char const *key;
+        void (*add)(unsigned int, char const *);
+        unsigned int first, last;
+    };
+    auto const addFact = [](unsigned int sid, char const *name) { AI_AddFact(sid, name); };
+    auto const addAction = [](unsigned int sid, char const *name) { AI_AddAction(sid, name); };
+    Row const rows[] = {{"fact", addFact, 300, 499},
+                        {"action", addAction, 500, 699},
+                        {"define", AI_AddDefine, 100, 299},
+                        {"parameter", AI_AddParam, 1100, 3499}};
+    for (Row const &row : rows)
+    {
+        std::string const low = std::string(row.key) + "-low", high = std::string(row.key) + "-high";
+        row.add(row.first, low.c_str());
+        row.add(row.last, high.c_str());
+        row.add(row.first - 1, "below");
+        row.add(row.last + 1, "above");
+        EXPECT_EQ(grammar::RegisteredWords(Kind(row.key)), (std::vector<std::string>{low, high})) << row.key;
+        AI_DeleteAll();
+    }
+}
+
+// An empty alternation would match the empty string everywhere and stall the
+// editor's tokenizer: a kind without words has no rule at all.
+TEST_F(GrammarBuilder, LeavesOutKindsWithoutWords)
+{
+    AI_AddFact(300, "only-fact");
+    nlohmann::json const built = grammar::BuildGrammar();
+    nlohmann::json const &repository = built.at("repository");
+    EXPECT_TRUE(repository.contains("fact"));
+    for (char const *key : {"action", "define", "parameter"})
+        EXPECT_FALSE(repository.contains(key)) << key;
+    for (nlohmann::json const &pattern : built.at("patterns"))
+        EXPECT_TRUE(repository.contains(pattern.at("include").get<std::string>().substr(1))) << pattern;
+    for (auto const &rule : repository.items())
+    {
+        std::string const match = rule.value().value("match", std::string());
+        EXPECT_EQ(match.find("(?:)"), std::string::npos) << rule.key();
+    }
+}
+
+// Every registered word gets a line and an assertion as wide as the word;
+// the relational words are params but take the reserved word's scope.
+TEST_F(GrammarBuilder, WordsTestCoversEveryWordWithItsScope)
+{
+    RegisterBuiltins();
+    std::string const text = grammar::BuildWordsSyntaxTest();
+    EXPECT_EQ(text.rfind("; SYNTAX TEST \"source.stratagem\"", 0), 0u);
+    struct Row
+    {
+        char const *word;
+        char const *scope;
+    };
+    Row const rows[] = {{"food-amount", "support.function.fact.stratagem"},
+                        {"train", "support.function.action.stratagem"},
+                        {"GIANT-MAP", "support.constant.define.stratagem"},
+                        {"archer", "support.constant.parameter.stratagem"},
+                        {"less-than", "keyword.operator.relational.stratagem"},
+                        {"not-equal", "keyword.operator.relational.stratagem"}};
+    for (Row const &row : rows)
+    {
+        std::string const word = row.word;
+        std::string const expected = "\n(" + word + ")\n;" + std::string(word.size(), '^') + " " + row.scope + "\n";
+        EXPECT_NE(text.find(expected), std::string::npos) << word;
+    }
+    size_t lines = 0;
+    for (char c : text)
+        lines += c == '\n';
+    EXPECT_EQ(lines, 1 + 2 * (110 + 54 + 66 + 547));
+}
+
+}  // namespace
