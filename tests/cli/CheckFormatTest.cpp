@@ -1,0 +1,179 @@
+// The four formats of check mode, read back: text and gcc line by line,
+// JSON and SARIF parsed and checked field by field.
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+
+#include "CheckTestSupport.h"
+
+namespace {
+
+struct Expected
+{
+    char const *pszFile;
+    int nLine, nColumn, nEndLine, nEndColumn;
+    Strings loadedFrom;  // "file:line:column", from the main file down
+};
+
+Expected const kTwoErrors[] = {
+    {"main.per", 2, 21, 2, 23, {}},
+    {"sub/rules.per", 4, 3, 4, 5, {"main.per:1:1"}},
+};
+
+} // namespace
+
+TEST(CheckFormats, JsonCarriesEveryFieldOfEveryDiagnostic)
+{
+    ScriptDir const dir = TwoErrorStrategy();
+    Json const diagnostics = CheckJson(dir, {"main.per"}, 1);
+    ASSERT_EQ(diagnostics.size(), 2u) << diagnostics.dump(1);
+    for (Expected const &e : kTwoErrors)
+    {
+        Json const found = InFile(diagnostics, e.pszFile);
+        ASSERT_EQ(found.size(), 1u) << e.pszFile;
+        Json const &d = found[0];
+        EXPECT_EQ(d.at("line"), e.nLine);
+        EXPECT_EQ(d.at("column"), e.nColumn);
+        EXPECT_EQ(d.at("endLine"), e.nEndLine);
+        EXPECT_EQ(d.at("endColumn"), e.nEndColumn);
+        EXPECT_EQ(d.at("severity"), "error");
+        EXPECT_EQ(d.at("code"), "E007");
+        EXPECT_FALSE(d.at("message").get<std::string>().empty());
+        EXPECT_EQ(d.at("message").get<std::string>().find('\n'), std::string::npos);
+        ASSERT_TRUE(d.at("hints").is_array());
+        for (Json const &hint : d.at("hints"))
+            EXPECT_TRUE(hint.is_string());
+        Strings chain;
+        for (Json const &step : d.at("loadedFrom"))
+            chain.push_back(step.at("file").get<std::string>() + ":" + std::to_string(step.at("line").get<int>()) +
+                            ":" + std::to_string(step.at("column").get<int>()));
+        EXPECT_EQ(chain, e.loadedFrom) << e.pszFile;
+    }
+}
+
+TEST(CheckFormats, GccWritesExactlyOneLinePerDiagnostic)
+{
+    ScriptDir const dir = TwoErrorStrategy();
+    RunResult const result = dir.Run({"--check", "-f", "gcc", "main.per"});
+    EXPECT_EQ(result.nStatus, 1);
+    Strings const lines = SplitLines(result.strOut);
+    ASSERT_EQ(lines.size(), 2u) << result.strOut;
+    std::regex const shape(R"(^[^:]+:\d+:\d+: (error|warning): .+ \[[EW]\d{3}\]$)");
+    for (std::string const &line : lines)
+        EXPECT_TRUE(std::regex_match(line, shape)) << line;
+    for (Expected const &e : kTwoErrors)
+    {
+        std::string const prefix =
+            std::string(e.pszFile) + ":" + std::to_string(e.nLine) + ":" + std::to_string(e.nColumn) + ": error: ";
+        EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                                [&](std::string const &line) { return StartsWith(line, prefix) && EndsWith(line, " [E007]"); }),
+                  1)
+            << prefix;
+    }
+}
+
+TEST(CheckFormats, TextQuotesTheSourceLineWithACaretUnderTheRangeAndNamesTheLoads)
+{
+    ScriptDir const dir = TwoErrorStrategy();
+    RunResult const result = dir.Run({"--check", "main.per"});
+    EXPECT_EQ(result.nStatus, 1);
+    Strings const lines = SplitLines(result.strOut);
+    struct Case
+    {
+        char const *pszHeading;
+        char const *pszSource;
+        char const *pszCaret;  // tabs of the source line are kept, so the caret lines up
+        char const *pszChain;  // the note that names the load, or null
+    } const cases[] = {
+        {"sub/rules.per:4:3: error: ", "\t(bar))", "\t ^~~", "note: loaded from main.per:1:1"},
+        {"main.per:2:21: error: ", "(defrule (true) => (foo))", "                    ^~~", nullptr},
+    };
+    for (Case const &c : cases)
+    {
+        auto const heading = std::find_if(lines.begin(), lines.end(),
+                                          [&](std::string const &line) { return StartsWith(line, c.pszHeading); });
+        ASSERT_NE(heading, lines.end()) << c.pszHeading << "\n" << result.strOut;
+        EXPECT_TRUE(EndsWith(*heading, " [E007]")) << *heading;
+        ASSERT_GE(lines.end() - heading, 3);
+        EXPECT_EQ(heading[1], c.pszSource);
+        EXPECT_EQ(heading[2], c.pszCaret);
+        // The notes follow, up to the next diagnostic or the summary.
+        Strings notes;
+        for (auto line = heading + 3; line != lines.end() && StartsWith(*line, "note: "); ++line)
+            notes.push_back(*line);
+        bool const bChainNamed = std::find(notes.begin(), notes.end(), c.pszChain ? c.pszChain : "") != notes.end();
+        EXPECT_EQ(bChainNamed, c.pszChain != nullptr) << result.strOut;
+    }
+    EXPECT_EQ(lines.back(), "2 errors generated.");
+    EXPECT_EQ(result.strOut.find('\033'), std::string::npos);
+}
+
+TEST(CheckFormats, SarifIsOneRunWithOneRulePerCodeAndExclusiveEndColumns)
+{
+    ScriptDir const dir({{"main.per", "(load \"sub/rules\")\n(defrule (true) => (foo))\n(defconst x food)\n"},
+                         {"sub/rules.per", "(defrule\n\t(true)\n=>\n\t(bar))\n"}});
+    RunResult const result = dir.Run({"--check", "-f", "sarif", "main.per"});
+    EXPECT_EQ(result.nStatus, 1);
+    Json const log = Json::parse(result.strOut, nullptr, false);
+    ASSERT_TRUE(log.is_object()) << result.strOut;
+    EXPECT_EQ(log.at("version"), "2.1.0");
+    EXPECT_NE(log.at("$schema").get<std::string>().find("sarif"), std::string::npos);
+    ASSERT_EQ(log.at("runs").size(), 1u);
+    Json const &run = log.at("runs")[0];
+    EXPECT_EQ(run.at("tool").at("driver").at("name"), "stratagem");
+    EXPECT_FALSE(run.at("tool").at("driver").at("version").get<std::string>().empty());
+
+    Json const &rules = run.at("tool").at("driver").at("rules");
+    std::set<std::string> ids;
+    for (Json const &rule : rules)
+    {
+        EXPECT_TRUE(ids.insert(rule.at("id").get<std::string>()).second) << rule.dump();
+        EXPECT_FALSE(rule.at("shortDescription").at("text").get<std::string>().empty());
+    }
+    EXPECT_EQ(ids, (std::set<std::string>{"E007", "E013"}));
+
+    Json const &results = run.at("results");
+    ASSERT_EQ(results.size(), 3u);
+    std::set<std::string> used;
+    for (Json const &r : results)
+    {
+        EXPECT_EQ(rules.at(r.at("ruleIndex").get<std::size_t>()).at("id"), r.at("ruleId"));
+        EXPECT_EQ(r.at("level"), "error");
+        EXPECT_FALSE(r.at("message").at("text").get<std::string>().empty());
+        used.insert(r.at("ruleId").get<std::string>());
+    }
+    EXPECT_EQ(used, ids);
+
+    // 'bar' at 4:3-5 inclusive is 4:3-6 in SARIF, reached from main.per 1:1.
+    auto const bar = std::find_if(results.begin(), results.end(), [](Json const &r) {
+        return r.at("locations")[0].at("physicalLocation").at("artifactLocation").at("uri") == "sub/rules.per";
+    });
+    ASSERT_NE(bar, results.end());
+    EXPECT_EQ((*bar)["locations"][0]["physicalLocation"]["region"],
+              Json({{"startLine", 4}, {"startColumn", 3}, {"endLine", 4}, {"endColumn", 6}}));
+    Json const &related = (*bar).at("relatedLocations");
+    ASSERT_EQ(related.size(), 1u);
+    EXPECT_EQ(related[0]["physicalLocation"]["artifactLocation"]["uri"], "main.per");
+    EXPECT_EQ(related[0]["physicalLocation"]["region"]["startLine"], 1);
+}
+
+TEST(CheckFormats, CleanStrategiesGiveEmptyOutputsOfEachFormat)
+{
+    ScriptDir const dir({{"main.per", kDoNothingRule}});
+    struct Case
+    {
+        char const *pszFormat;
+        char const *pszOut;
+    } const cases[] = {{"text", ""}, {"gcc", ""}, {"json", "[]\n"}};
+    for (Case const &c : cases)
+    {
+        RunResult const result = dir.Run({"--check", "-f", c.pszFormat, "main.per"});
+        EXPECT_EQ(result.nStatus, 0) << c.pszFormat;
+        EXPECT_EQ(result.strOut, c.pszOut) << c.pszFormat;
+        EXPECT_EQ(result.strErr, "");
+    }
+    Json const log = Json::parse(dir.Run({"--check", "-f", "sarif", "main.per"}).strOut);
+    EXPECT_EQ(log.at("runs")[0].at("results"), Json::array());
+    EXPECT_EQ(log.at("runs")[0].at("tool").at("driver").at("rules"), Json::array());
+}
