@@ -6,11 +6,14 @@ char const *const kStdinName = "<stdin>";
 
 namespace {
 
-// The lines of a text as the text-mode reader sees them.
+// The lines of a text as the check reads them: text mode, and a UTF-8
+// byte-order mark at the start skipped (columns count from after it).
 std::vector<std::string> SplitLines(std::string const &bytes)
 {
+    static std::string const kByteOrderMark = "\xEF\xBB\xBF";
+    std::size_t const start = bytes.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0 ? kByteOrderMark.size() : 0;
     std::vector<std::string> lines(1);
-    for (char const ch : bytes)
+    for (char const ch : bytes.substr(start))
     {
         if (ch == '\x1a')
             break;

@@ -22,8 +22,9 @@ public:
     bool Read(std::string const &name, std::string &bytes, int &error) const override;
 
     // Line `line` (1-based) of the file as the check read it: text mode
-    // (CR LF as LF, a Ctrl-Z ends the text), without its line feed. False when
-    // the file cannot be read or has no such line.
+    // (CR LF as LF, a Ctrl-Z ends the text), a leading byte-order mark
+    // skipped, without its line feed. False when the file cannot be read or
+    // has no such line.
     bool Line(std::string const &name, int line, std::string &text) const;
 
 private:

@@ -177,3 +177,59 @@ TEST(CheckFormats, CleanStrategiesGiveEmptyOutputsOfEachFormat)
     EXPECT_EQ(log.at("runs")[0].at("results"), Json::array());
     EXPECT_EQ(log.at("runs")[0].at("tool").at("driver").at("rules"), Json::array());
 }
+
+TEST(CheckFormats, TextQuotesLinesAsTheCheckReadsThem)
+{
+    // Text mode: CR LF ends a line, and a byte-order mark at the start is
+    // skipped, columns counting from after it.
+    struct Case
+    {
+        char const *pszBytes;
+        char const *pszHeading;
+        char const *pszSource;
+        char const *pszCaret;
+    } const cases[] = {
+        {"(defrule (true)\r\n=> (foo))\r\n", "main.per:2:5: error: ", "=> (foo))", "    ^~~"},
+        {"\xEF\xBB\xBF(defrule (true) => (foo))\n", "main.per:1:21: error: ", "(defrule (true) => (foo))",
+         "                    ^~~"},
+    };
+    for (Case const &c : cases)
+    {
+        ScriptDir const dir({{"main.per", std::string(c.pszBytes)}});
+        Strings const lines = SplitLines(dir.Run({"--check", "main.per"}).strOut);
+        auto const heading = std::find_if(lines.begin(), lines.end(),
+                                          [&](std::string const &line) { return StartsWith(line, c.pszHeading); });
+        ASSERT_NE(heading, lines.end()) << c.pszHeading;
+        ASSERT_GE(lines.end() - heading, 3);
+        EXPECT_EQ(heading[1], c.pszSource);
+        EXPECT_EQ(heading[2], c.pszCaret);
+    }
+}
+
+TEST(CheckFormats, AMainFileThatCannotBeOpenedIsNamedWithoutAPosition)
+{
+    ScriptDir const dir;
+    struct Case
+    {
+        char const *pszFormat;
+        char const *pszFirstLine;  // its beginning
+    } const cases[] = {{"text", "nope.per: error: "}, {"gcc", "nope.per: error: "}};
+    for (Case const &c : cases)
+    {
+        RunResult const result = dir.Run({"--check", "-f", c.pszFormat, "nope.per"});
+        EXPECT_EQ(result.nStatus, 1);
+        Strings const lines = SplitLines(result.strOut);
+        ASSERT_FALSE(lines.empty());
+        EXPECT_TRUE(StartsWith(lines[0], c.pszFirstLine)) << lines[0];
+        EXPECT_TRUE(EndsWith(lines[0], " [E100]")) << lines[0];
+    }
+    Json const diagnostics = CheckJson(dir, {"nope.per"}, 1);
+    ASSERT_EQ(diagnostics.size(), 1u);
+    EXPECT_EQ(diagnostics[0].at("code"), "E100");
+    EXPECT_EQ(diagnostics[0].at("line"), 0);
+
+    Json const log = Json::parse(dir.Run({"--check", "-f", "sarif", "nope.per"}).strOut);
+    Json const &location = log.at("runs")[0].at("results").at(0).at("locations").at(0).at("physicalLocation");
+    EXPECT_EQ(location.at("artifactLocation").at("uri"), "nope.per");
+    EXPECT_FALSE(location.contains("region"));  // SARIF lines start at 1
+}
