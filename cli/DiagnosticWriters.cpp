@@ -247,8 +247,8 @@ Json SarifResult(Diagnostic const &d, std::size_t ruleIndex)
     Json related = Json::array();
     for (stratagem::LoadStep const &step : d.loadedFrom)
     {
-        Json location = SarifLocation(step.file, {{"startLine", step.line}, {"startColumn", step.column}});
-        location["id"] = related.size();
+        Json location = {{"id", related.size()}};
+        location.update(SarifLocation(step.file, {{"startLine", step.line}, {"startColumn", step.column}}));
         location["message"] = {{"text", "loaded from here"}};
         related.push_back(location);
     }
