@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <climits>
 #include <cstdio>
 #include <cstring>
@@ -59,6 +60,13 @@ bool SourceProvider::Read(std::string const &name, std::string &bytes, int &erro
 
 namespace {
 
+// Where a command lies.
+struct CommandSpans
+{
+    AI_Span whole;
+    AI_Span name;
+};
+
 // One file of the strategy as the check read it.
 struct FileState
 {
@@ -70,16 +78,9 @@ struct FileState
     std::size_t nReport = 0;               // its entry in the report's files
     std::vector<Suppression> suppressions;
     std::vector<AI_Span> commands;         // every command's span, sorted once parsed
+    std::vector<std::pair<AI_CCommand const *, CommandSpans>> spans;  // by command, sorted once parsed
     bool bWalking = false;
     bool bWalked = false;
-};
-
-// Where a command lies and in which file.
-struct CommandSpans
-{
-    FileState *pFile;
-    AI_Span whole;
-    AI_Span name;
 };
 
 bool Contains(AI_Span outer, int nOffset)
@@ -145,9 +146,9 @@ public:
 
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
-        m_spans[pCommand] = {m_pCurrent, whole, name};
+        m_pCurrent->spans.push_back({pCommand, {whole, name}});
         m_pCurrent->commands.push_back(whole);
-        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
+        if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
     }
     void CommandList(AI_CCommandList *, AI_Span) override {}
@@ -157,7 +158,7 @@ public:
         if (!AI_IsConstant(nSID))
             return;
         m_usedConstants.insert(nSID);
-        Report().constantUses.push_back({AI_String(nSID).GetString(), ToRange(whole)});
+        Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
     }
     void LoadOption(int nProbability, AI_Span whole) override { m_loadOptions.push_back({nProbability, whole}); }
     void ConstantName(char const *pszName, AI_Span) override
@@ -193,6 +194,24 @@ private:
     };
 
     FileReport &Report() { return m_report.files[m_pCurrent->nReport]; }
+
+    // Names of constants, looked up once each.
+    std::string const &NameOf(unsigned int nSID)
+    {
+        auto found = m_names.find(nSID);
+        if (found == m_names.end())
+            found = m_names.insert({nSID, AI_String(nSID).GetString()}).first;
+        return found->second;
+    }
+
+    // Every command of a file has its spans once the file is parsed.
+    static CommandSpans const &SpansOf(FileState const &file, AI_CCommand const *pCommand)
+    {
+        static CommandSpans const kNowhere = {{0, 0}, {0, 0}};
+        auto found = std::lower_bound(file.spans.begin(), file.spans.end(), pCommand,
+                                      [](auto const &entry, AI_CCommand const *p) { return entry.first < p; });
+        return found != file.spans.end() && found->first == pCommand ? found->second : kNowhere;
+    }
     Range ToRange(AI_Span span) const { return m_pCurrent->lines->ToRange(span); }
     std::string Source(AI_Span span) const
     {
@@ -254,6 +273,8 @@ private:
         file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
         std::sort(file.commands.begin(), file.commands.end(),
                   [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        std::sort(file.spans.begin(), file.spans.end(),
+                  [](auto const &a, auto const &b) { return a.first < b.first; });
         Survey(file.pCommands, Report().outline);
         m_pCurrent = pOuter;
     }
@@ -313,14 +334,14 @@ private:
         if (!pFilename)
             return;
         std::string target = Text(pFilename);
-        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : m_spans[pCommand].whole;
+        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : SpansOf(file, pCommand).whole;
         if (bPlainLoad && m_loaded.count(target) && m_loaded[target] > 0) {
             m_pCurrent = &file;
             Warn(kLoadedTwice, "'" + target + "' is already loaded on this path", site);
         }
         std::vector<LoadStep> chain = file.chain;
         int nLine, nColumn;
-        file.lines->Position(m_spans[pCommand].whole.nBegin, nLine, nColumn);
+        file.lines->Position(SpansOf(file, pCommand).whole.nBegin, nLine, nColumn);
         chain.push_back({file.name, nLine, nColumn});
         Reach(target, chain, &file, site);
     }
@@ -377,23 +398,23 @@ private:
     {
         if (!pCommands)
             return;
-        std::unordered_map<std::string, AI_Span> rules;
+        std::vector<std::pair<std::uint64_t, AI_Span>> rules;
         CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        outline.reserve(outline.size() + commands.GetCount());
         for (POSITION position = commands.GetHeadPosition(); position;) {
             AI_CCommand *pCommand = commands.GetNext(position);
-            auto found = m_spans.find(pCommand);
-            if (found == m_spans.end())
-                continue;
+            CommandSpans const &spans = SpansOf(*m_pCurrent, pCommand);
             OutlineItem item;
-            item.range = ToRange(found->second.whole);
-            item.selectionRange = ToRange(found->second.name);
-            Describe(pCommand, found->second, item, rules);
-            outline.push_back(item);
+            item.range = ToRange(spans.whole);
+            item.selectionRange = ToRange(spans.name);
+            Describe(pCommand, spans, item, rules);
+            outline.push_back(std::move(item));
         }
+        WarnIdenticalRules(rules);
     }
 
     void Describe(AI_CCommand *pCommand, CommandSpans const &spans, OutlineItem &item,
-                  std::unordered_map<std::string, AI_Span> &rules)
+                  std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
     {
         FileReport &report = Report();
         if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
@@ -453,18 +474,38 @@ private:
     }
 
     void SurveyRule(AI_CDefruleCommand *pRule, CommandSpans const &spans,
-                    std::unordered_map<std::string, AI_Span> &rules)
+                    std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
     {
-        std::string text = Normalized(m_pCurrent->text.text, spans.whole);
-        auto inserted = rules.insert({text, spans.whole});
-        if (!inserted.second) {
-            Range first = ToRange(inserted.first->second);
-            Warn(kIdenticalRule,
-                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice",
-                 spans.whole);
-        }
+        rules.push_back({NormalizedHash(m_pCurrent->text.text, spans.whole), spans.whole});
         if (NeverFires(pRule))
             Warn(kNeverFires, "this rule can never fire: one of its conditions is always false", spans.whole);
+    }
+
+    // Rules of one list written alike: each after the first is a warning.
+    void WarnIdenticalRules(std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
+    {
+        std::sort(rules.begin(), rules.end(), [](auto const &a, auto const &b) {
+            return a.first != b.first ? a.first < b.first : a.second.nBegin < b.second.nBegin;
+        });
+        std::string const &text = m_pCurrent->text.text;
+        std::vector<std::pair<AI_Span, AI_Span>> repeated;  // (rule, its first)
+        for (std::size_t i = 1; i < rules.size(); ++i) {
+            if (rules[i].first != rules[i - 1].first)
+                continue;
+            std::size_t nFirst = i - 1;
+            while (nFirst > 0 && rules[nFirst - 1].first == rules[i].first)
+                --nFirst;
+            if (Normalized(text, rules[nFirst].second) == Normalized(text, rules[i].second))
+                repeated.push_back({rules[i].second, rules[nFirst].second});
+        }
+        std::sort(repeated.begin(), repeated.end(),
+                  [](auto const &a, auto const &b) { return a.first.nBegin < b.first.nBegin; });
+        for (auto const &rule : repeated) {
+            Range first = ToRange(rule.second);
+            Warn(kIdenticalRule,
+                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice",
+                 rule.first);
+        }
     }
 
     // A condition that is always false: (false), or (not (true)).
@@ -562,11 +603,11 @@ private:
 
     std::unordered_map<std::string, std::unique_ptr<FileState>> m_files;
     FileState *m_pCurrent = nullptr;
-    std::unordered_map<AI_CCommand const *, CommandSpans> m_spans;
     std::unordered_map<CString const *, AI_Span> m_fileNames;
     std::vector<Option> m_loadOptions;  // of the load-random being read
     std::vector<std::string> m_newConstants;
     std::unordered_set<unsigned int> m_usedConstants;
+    std::unordered_map<unsigned int, std::string> m_names;
     std::unordered_map<unsigned int, std::pair<FileState *, AI_Span>> m_definitions;  // the first of each
     std::vector<unsigned int> m_definitionOrder;
     std::vector<unsigned int> m_constantJournal;  // constants first defined on the current path
