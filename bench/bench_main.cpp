@@ -142,6 +142,7 @@ void RunCheck(benchmark::State &state, Case *pCase)
             GeneratedStrategy const &generated = pCase->Next();
             stratagem::CheckOptions options;
             options.settings = generated.settings;
+            options.fileReports = false;  // as the command line checks: diagnostics only
             stratagem::CheckReport report = stratagem::Check(generated.mainFile, options);
             if (report.errors != 0)
                 state.SkipWithError("the check found errors in a generated strategy");

@@ -16,7 +16,6 @@
 #include <memory>
 #include <new>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "../objects/AI_Objects.h"
 #include "../parser/AI_CException.h"
@@ -47,6 +46,8 @@ bool SourceProvider::Read(std::string const &name, std::string &bytes, int &erro
         return false;
     }
     bytes.clear();
+    if (fstat(fileno(pFile), &status) == 0 && status.st_size > 0)
+        bytes.reserve(static_cast<std::size_t>(status.st_size));
     char buffer[8192];
     std::size_t nRead;
     while ((nRead = std::fread(buffer, 1, sizeof buffer, pFile)) > 0)
@@ -77,7 +78,7 @@ struct FileState
     AI_CCommandList *pCommands = nullptr;
     std::size_t nReport = 0;               // its entry in the report's files
     std::vector<Suppression> suppressions;
-    std::vector<AI_Span> commands;         // every command's span, sorted once parsed
+    std::vector<AI_Span> commands;         // every command's span in text order, when suppressions need it
     std::vector<std::pair<AI_CCommand const *, CommandSpans>> spans;  // by command, sorted once parsed
     bool bWalking = false;
     bool bWalked = false;
@@ -147,7 +148,6 @@ public:
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
         m_pCurrent->spans.push_back({pCommand, {whole, name}});
-        m_pCurrent->commands.push_back(whole);
         if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
     }
@@ -157,8 +157,11 @@ public:
     {
         if (!AI_IsConstant(nSID))
             return;
-        m_usedConstants.insert(nSID);
-        Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
+        if (nSID >= m_usedConstants.size())
+            m_usedConstants.resize(nSID + 1);
+        m_usedConstants[nSID] = true;
+        if (m_options.fileReports)
+            Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
     }
     void LoadOption(int nProbability, AI_Span whole) override { m_loadOptions.push_back({nProbability, whole}); }
     void ConstantName(char const *pszName, AI_Span) override
@@ -271,8 +274,12 @@ private:
         m_loadOptions.clear();
         std::string const &text = file.text.text;
         file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
-        std::sort(file.commands.begin(), file.commands.end(),
-                  [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        if (!file.suppressions.empty()) {
+            for (auto const &entry : file.spans)
+                file.commands.push_back(entry.second.whole);
+            std::sort(file.commands.begin(), file.commands.end(),
+                      [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        }
         std::sort(file.spans.begin(), file.spans.end(),
                   [](auto const &a, auto const &b) { return a.first < b.first; });
         Survey(file.pCommands, Report().outline);
@@ -400,15 +407,21 @@ private:
             return;
         std::vector<std::pair<std::uint64_t, AI_Span>> rules;
         CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
-        outline.reserve(outline.size() + commands.GetCount());
+        bool const bReports = m_options.fileReports;
+        if (bReports)
+            outline.reserve(outline.size() + commands.GetCount());
+        OutlineItem item;
         for (POSITION position = commands.GetHeadPosition(); position;) {
             AI_CCommand *pCommand = commands.GetNext(position);
             CommandSpans const &spans = SpansOf(*m_pCurrent, pCommand);
-            OutlineItem item;
-            item.range = ToRange(spans.whole);
-            item.selectionRange = ToRange(spans.name);
+            if (bReports) {
+                item = OutlineItem();
+                item.range = ToRange(spans.whole);
+                item.selectionRange = ToRange(spans.name);
+            }
             Describe(pCommand, spans, item, rules);
-            outline.push_back(std::move(item));
+            if (bReports)
+                outline.push_back(std::move(item));
         }
         WarnIdenticalRules(rules);
     }
@@ -426,7 +439,8 @@ private:
             item.kind = OutlineKind::Constant;
             item.name = AI_String(pDefconst->GetSID()).GetString();
             item.detail = std::to_string(pDefconst->GetValue());
-            report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
+            if (m_options.fileReports)
+                report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
             NoteConstantSID(pDefconst->GetSID());
             if (m_definitions.insert({pDefconst->GetSID(), {m_pCurrent, spans.name}}).second)
                 m_definitionOrder.push_back(pDefconst->GetSID());
@@ -466,7 +480,7 @@ private:
 
     void AddLoadReference(CString const *pFilename)
     {
-        if (!pFilename || !m_fileNames.count(pFilename))
+        if (!m_options.fileReports || !pFilename || !m_fileNames.count(pFilename))
             return;
         std::string target = Text(pFilename);
         Report().loads.push_back(
@@ -552,7 +566,7 @@ private:
     void WarnUnusedConstants()
     {
         for (unsigned int nSID : m_definitionOrder) {
-            if (m_usedConstants.count(nSID))
+            if (nSID < m_usedConstants.size() && m_usedConstants[nSID])
                 continue;
             m_pCurrent = m_definitions[nSID].first;
             Warn(kUnusedConstant,
@@ -606,7 +620,7 @@ private:
     std::unordered_map<CString const *, AI_Span> m_fileNames;
     std::vector<Option> m_loadOptions;  // of the load-random being read
     std::vector<std::string> m_newConstants;
-    std::unordered_set<unsigned int> m_usedConstants;
+    std::vector<bool> m_usedConstants;  // by SID
     std::unordered_map<unsigned int, std::string> m_names;
     std::unordered_map<unsigned int, std::pair<FileState *, AI_Span>> m_definitions;  // the first of each
     std::vector<unsigned int> m_definitionOrder;
