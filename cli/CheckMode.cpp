@@ -53,6 +53,7 @@ std::vector<Diagnostic> CheckAll(CliOptions const &options, CliSources const &so
     checkOptions.settings = options.settings;
     checkOptions.extraFiles = options.extraFiles;
     checkOptions.sources = &sources;
+    checkOptions.fileReports = false;  // the command line writes diagnostics only
 
     std::vector<Diagnostic> all;
     std::set<DiagnosticKey> seen;
