@@ -47,6 +47,10 @@ TEST(CheckRun, StandardInputIsCheckedAsStdinBesideTheFilesNamed)
     EXPECT_EQ(heading[1], "(defrule (true) => (foo))");
     EXPECT_EQ(heading[2], std::string(20, ' ') + "^~~");
     EXPECT_NE(result.strOut.find("\nmain.per:1:21: error: "), std::string::npos) << result.strOut;
+
+    // Named twice, standard input is read once and its problems reported once.
+    RunResult const twice = dir.Run({"--check", "-f", "gcc", "-", "-"}, "", &input);
+    EXPECT_EQ(SplitLines(twice.strOut).size(), 1u) << twice.strOut;
 }
 
 TEST(CheckRun, SeveralFilesGiveOneReportAndSharedFilesAreReportedOnce)
