@@ -12,7 +12,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <new>
 #include <unordered_map>
@@ -251,7 +250,7 @@ private:
         }
         std::unique_ptr<FileState> pFile(new FileState);
         pFile->name = name;
-        pFile->text = ReadTextMode(bytes);
+        pFile->text = ReadTextMode(std::move(bytes));
         pFile->lines.reset(new LineMap(pFile->text.text));
         pFile->chain = chain;
         pFile->suppressions = FindSuppressions(pFile->text.text);
@@ -318,21 +317,18 @@ private:
             Load(file, pCommand, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename(), true);
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
             auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
-            std::vector<std::function<void()>> alternatives;
+            std::vector<CString const *> files;
             if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
                 auto const &options = pOptions->GetLoadOptions();
-                for (POSITION position = options.GetHeadPosition(); position;) {
-                    CString const *pFilename = options.GetNext(position)->GetFilename();
-                    alternatives.push_back([=, &file] { Load(file, pCommand, pFilename, false); });
-                }
+                for (POSITION position = options.GetHeadPosition(); position;)
+                    files.push_back(options.GetNext(position)->GetFilename());
             }
             if (CString const *pDefault = pRandom->GetFilename())
-                alternatives.push_back([=, &file] { Load(file, pCommand, pDefault, false); });
-            Alternatives(alternatives);
+                files.push_back(pDefault);
+            Alternatives(static_cast<int>(files.size()), [&](int i) { Load(file, pCommand, files[i], false); });
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
             auto *pBlock = static_cast<AI_CBlock *>(pCommand);
-            Alternatives({[=, &file] { Walk(file, pBlock->GetIfCommands()); },
-                          [=, &file] { Walk(file, pBlock->GetElseCommands()); }});
+            Alternatives(2, [&](int i) { Walk(file, i == 0 ? pBlock->GetIfCommands() : pBlock->GetElseCommands()); });
         }
     }
 
@@ -355,18 +351,20 @@ private:
 
     // Each alternative starts from the constants and loads as they stand
     // before them; afterwards the constants any of them defined are kept
-    // (the first value wins), the loads are forgotten.
-    void Alternatives(std::vector<std::function<void()>> const &alternatives)
+    // (the first value wins), the loads are forgotten. walk(i) reads the
+    // i-th of the nCount alternatives.
+    template <class Walk>
+    void Alternatives(int nCount, Walk walk)
     {
         std::size_t nConstants = m_constantJournal.size();
         std::size_t nLoads = m_loadJournal.size();
         std::vector<std::pair<unsigned int, int>> defined;
-        for (auto const &alternative : alternatives) {
+        for (int i = 0; i < nCount; ++i) {
             RestoreConstants(nConstants);
             RestoreLoads(nLoads);
-            alternative();
-            for (std::size_t i = nConstants; i < m_constantJournal.size(); ++i)
-                defined.push_back({m_constantJournal[i], m_strategy.Constant(m_constantJournal[i], 0)});
+            walk(i);
+            for (std::size_t k = nConstants; k < m_constantJournal.size(); ++k)
+                defined.push_back({m_constantJournal[k], m_strategy.Constant(m_constantJournal[k], 0)});
         }
         RestoreConstants(nConstants);
         RestoreLoads(nLoads);

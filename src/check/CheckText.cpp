@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace stratagem {
 
@@ -62,7 +63,7 @@ bool ParseDirective(std::string const &comment, std::vector<std::string> &codes)
 
 }  // namespace
 
-ScriptText ReadTextMode(std::string const &bytes)
+ScriptText ReadTextMode(std::string &&bytes)
 {
     ScriptText result;
     std::size_t nStart = 0;
@@ -76,7 +77,8 @@ ScriptText ReadTextMode(std::string const &bytes)
     bool bShifted = nStart > 0 || bytes.find("\r\n", nStart) < nEnd;
     if (!bShifted) {
         // The common case: the text is the bytes.
-        result.text.assign(bytes, nStart, nEnd - nStart);
+        bytes.resize(nEnd);
+        result.text = std::move(bytes);
         return result;
     }
     result.text.reserve(nEnd - nStart);

@@ -23,7 +23,8 @@ struct ScriptText
     bool bByteOrderMark = false;
 };
 
-ScriptText ReadTextMode(std::string const &bytes);
+// The bytes are taken over.
+ScriptText ReadTextMode(std::string &&bytes);
 
 // Lines and columns of offsets into one text (1-based, columns in bytes).
 class LineMap
