@@ -147,6 +147,8 @@ public:
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
         m_pCurrent->spans.push_back({pCommand, {whole, name}});
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand)))
+            NoteConstantSID(static_cast<AI_CDefconstCommand *>(pCommand)->GetSID());  // for hints from here on
         if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
     }
@@ -439,7 +441,6 @@ private:
             item.detail = std::to_string(pDefconst->GetValue());
             if (m_options.fileReports)
                 report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
-            NoteConstantSID(pDefconst->GetSID());
             if (m_definitions.insert({pDefconst->GetSID(), {m_pCurrent, spans.name}}).second)
                 m_definitionOrder.push_back(pDefconst->GetSID());
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {

@@ -128,6 +128,7 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         {"(defrule (true) => (do-nothng))", "did you mean 'do-nothing'?", "do-nothing"},
         {"(defrule (food-amount < 5) => (build archery-rnage))", "did you mean 'archery-range'?", "archery-range"},
         {"#load-if-defined GIANT-MAPP (load \"a\") #end-if", "did you mean 'GIANT-MAP'?", "GIANT-MAP"},
+        {"(defconst my-goal 3)\n(defrule (goal my-gaol 1) => (do-nothing))", "did you mean 'my-goal'?", "my-goal"},
     };
     for (Row const &row : rows) {
         stratagem::CheckReport report = Run(row.pszScript);
