@@ -138,8 +138,9 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         EXPECT_EQ(row.pszHint, first.hints.front()) << row.pszScript;
         ASSERT_FALSE(first.fixes.empty());
         EXPECT_EQ(row.pszFix, first.fixes.front().text);
-        EXPECT_EQ(Where(first).substr(0, Where(first).find(' ')),
-                  Where(stratagem::Diagnostic{first.file, first.fixes.front().range}).substr(0, Where(first).find(' ')));
+        stratagem::Range const &fix = first.fixes.front().range;
+        EXPECT_EQ(std::make_pair(first.range.line, first.range.column), std::make_pair(fix.line, fix.column));
+        EXPECT_EQ(std::make_pair(first.range.endLine, first.range.endColumn), std::make_pair(fix.endLine, fix.endColumn));
     }
 }
 
