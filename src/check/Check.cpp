@@ -163,10 +163,11 @@ public:
             m_loadOptions.clear();
     }
     // The command just read went into this list.
-    void CommandList(AI_CCommandList *pCommands, AI_Span) override
+    void CommandList(AI_CCommandList *, AI_Span) override {}
+    void CommandListed(int nList) override
     {
         if (m_bPendingRule)
-            m_rules.push_back({pCommands, m_pendingRule.first, m_pendingRule.second});
+            m_rules.push_back({nList, m_pendingRule.first, m_pendingRule.second});
         m_bPendingRule = false;
     }
     void FileName(CString const *pFilename, AI_Span whole) override { m_fileNames[pFilename] = whole; }
@@ -499,14 +500,14 @@ private:
     void WarnAboutRules()
     {
         std::sort(m_rules.begin(), m_rules.end(), [](RuleSeen const &a, RuleSeen const &b) {
-            return a.pList != b.pList ? a.pList < b.pList
+            return a.nList != b.nList ? a.nList < b.nList
                                       : a.nHash != b.nHash ? a.nHash < b.nHash : a.span.nBegin < b.span.nBegin;
         });
         std::string const &text = m_pCurrent->text.text;
         std::size_t nFirst = 0;
         for (std::size_t i = 1; i < m_rules.size(); ++i) {
             RuleSeen const &rule = m_rules[i];
-            if (rule.pList != m_rules[i - 1].pList || rule.nHash != m_rules[i - 1].nHash) {
+            if (rule.nList != m_rules[i - 1].nList || rule.nHash != m_rules[i - 1].nHash) {
                 nFirst = i;
                 continue;
             }
@@ -624,7 +625,7 @@ private:
     // then all with their lists, and the warnings about them.
     struct RuleSeen
     {
-        AI_CCommandList const *pList;
+        int nList;  // as CommandListed names it
         std::uint64_t nHash;
         AI_Span span;
     };
