@@ -159,7 +159,9 @@ STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const 
 
 // One token of script text, for editors (hover, completion, signature
 // help). Token codes are the scanner's; invalid characters have code -1
-// and an unterminated string runs to the end of the text.
+// and an unterminated string runs to the end of the text (a string cut by
+// a line feed, to the end of its line). Ranges are those of the text as
+// given (a carriage return before a line feed is not part of a token).
 // The scanner's token codes (fixed numbers, shared with the grammar).
 namespace token {
 int const Invalid = -1;

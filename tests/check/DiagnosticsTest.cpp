@@ -187,6 +187,15 @@ TEST_F(Diagnostics, MissingMainFileHasNoRange)
     EXPECT_EQ("nowhere.per:0:0-0:0 E100", Where(report.diagnostics[0]));
 }
 
+TEST_F(Diagnostics, ADirectoryIsNoScript)
+{
+    stratagem::CheckOptions options;
+    stratagem::CheckReport report = stratagem::Check(testing::TempDir(), options);
+    ASSERT_EQ(1u, report.diagnostics.size());
+    EXPECT_EQ("E100", report.diagnostics[0].code);
+    EXPECT_NE(std::string::npos, report.diagnostics[0].message.find("Is a directory")) << report.diagnostics[0].message;
+}
+
 TEST_F(Diagnostics, TheDiskIsReadInTextMode)
 {
     std::string strTemplate = testing::TempDir() + "stratagem-check-XXXXXX";
