@@ -1,4 +1,4 @@
-// Every error code of check mode: where it points, the line the specified
+// Every error code of check mode: where it points, the line the plain
 // analysis reports, and that the first error of a file is the one that
 // analysis stops at.
 #include <stdlib.h>
@@ -57,7 +57,7 @@ TEST_F(Diagnostics, EachCodePointsAtItsToken)
     }
 }
 
-// The specified analysis of the same text, on disk: its cause and line.
+// The plain analysis of the same text, on disk: its cause and line.
 class FirstError : public CheckTest
 {
 protected:
