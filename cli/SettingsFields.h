@@ -2,6 +2,10 @@
 #ifndef STRATAGEM_CLI_SETTINGSFIELDS_H
 #define STRATAGEM_CLI_SETTINGSFIELDS_H
 
+#include <iosfwd>
+#include <string>
+#include <vector>
+
 #include "stratagem.h"
 
 struct SettingsField
@@ -17,5 +21,40 @@ SettingsField const *FindSettingsField(char const *name);
 // grouped field the define's offset in its group. Returns false for a SID in
 // no group (nothing is changed then).
 bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings);
+
+// Every field, in the record's order.
+struct SettingsFieldList
+{
+    SettingsField const *pBegin;
+    SettingsField const *pEnd;
+    SettingsField const *begin() const { return pBegin; }
+    SettingsField const *end() const { return pEnd; }
+};
+SettingsFieldList AllSettingsFields();
+
+// The field names, comma separated, for messages.
+std::string SettingsFieldNames();
+
+// A registered define word of a field and the value it gives the field.
+struct DefineWord
+{
+    std::string strWord;
+    int nValue;
+};
+
+// The field's define words as the vocabulary registers them, in SID order.
+std::vector<DefineWord> DefineWords(SettingsField const &field);
+
+// The values a field takes in a game: 0 or 1 for a flag, otherwise 0 to the
+// largest value one of its registered define words stands for.
+struct ValueRange
+{
+    int nMin;
+    int nMax;
+};
+ValueRange FieldRange(SettingsField const &field);
+
+// One line per field: its name, its default, its range and its define words.
+void WriteSettingsList(std::ostream &out);
 
 #endif

@@ -2,7 +2,7 @@
 // branches of every conditional block, every option of every load-random),
 // reads on after an error, and reports every diagnostic with its exact
 // source range, plus warnings with stable codes. It sits beside the
-// specified analysis (AI_CStrategy::Analyze), which it leaves unchanged.
+// plain analysis (AI_CStrategy::Analyze), which it leaves unchanged.
 //
 // Positions: lines and columns are 1-based; columns count bytes. A range
 // runs from (line, column) to (endLine, endColumn), both inclusive: a
@@ -52,6 +52,8 @@ struct Replacement
     std::string text;
 };
 
+// A diagnostic about a file that no script text names (a main or extra file
+// that cannot be opened) has an all-zero range.
 struct Diagnostic
 {
     std::string file;  // as the analysis's error messages write it
@@ -62,6 +64,10 @@ struct Diagnostic
     std::vector<std::string> hints;
     std::vector<LoadStep> loadedFrom;
     std::vector<Replacement> fixes;
+    // For an error: the line the plain analysis reports it on (the
+    // line the parser stood on), which may lie after the range. 0 for a
+    // warning and for E100.
+    int analysisLine = 0;
 };
 
 // Where the check reads script text from. The default reads the disk in
@@ -80,6 +86,9 @@ struct CheckOptions
     AI_GameSettings settings = AI_gsSettings;
     std::vector<std::string> extraFiles;       // read before the main file
     SourceProvider const *sources = nullptr;   // null: the disk
+    // False: each FileReport keeps only its file and chain (no outline,
+    // constants, uses or loads), for callers that only want diagnostics.
+    bool fileReports = true;
 };
 
 // What one file contributes, for editors: its outline and the places of
@@ -150,7 +159,34 @@ STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const 
 
 // One token of script text, for editors (hover, completion, signature
 // help). Token codes are the scanner's; invalid characters have code -1
-// and an unterminated string runs to the end of the text.
+// and an unterminated string runs to the end of the text (a string cut by
+// a line feed, to the end of its line). Ranges are those of the text as
+// given (a carriage return before a line feed is not part of a token).
+// The scanner's token codes (fixed numbers, shared with the grammar).
+namespace token {
+int const Invalid = -1;
+int const EndOfInput = 0;
+int const Hash = '#';
+int const Open = '(';
+int const Close = ')';
+int const Defrule = 258;
+int const Defconst = 259;
+int const Load = 260;
+int const LoadRandom = 261;
+int const Not = 262;  // then and, xor, or, nor, xnor, nand: 263 to 268
+int const Nand = 268;
+int const LessThan = 269;  // then <=, >, >=, ==, != : 270 to 274
+int const NotEqual = 274;
+int const LoadIfDefined = 275;
+int const LoadIfNotDefined = 276;
+int const Else = 277;
+int const EndIf = 278;
+int const Arrow = 279;
+int const Symbol = 280;
+int const String = 281;
+int const Integer = 282;
+}  // namespace token
+
 struct Token
 {
     int code = 0;

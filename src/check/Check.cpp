@@ -1,0 +1,666 @@
+// Check mode: every file of a strategy, every path through it, every error.
+// The files are parsed by the check parser, which reads on after an error;
+// the walk below then follows every load, both branches of every block and
+// every option of every load-random, with the constants each path defines.
+#include "Check.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <climits>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <unordered_map>
+
+#include "../objects/AI_Objects.h"
+#include "../parser/AI_CException.h"
+#include "../parser/AI_CheckParser.h"
+#include "../parser/AI_FrontEnd.h"
+#include "../strategy/AI_CStrategy.h"
+#include "../vocabulary/AI_Vocabulary.h"
+#include "AI_Grammar.tab.h"
+#include "CheckMessages.h"
+#include "CheckText.h"
+#include "Describe.h"
+
+namespace stratagem {
+
+SourceProvider::~SourceProvider() {}
+
+bool SourceProvider::Read(std::string const &name, std::string &bytes, int &error) const
+{
+    std::FILE *pFile = std::fopen(name.c_str(), "rb");
+    if (!pFile) {
+        error = errno;
+        return false;
+    }
+    struct stat status;
+    if (fstat(fileno(pFile), &status) == 0 && S_ISDIR(status.st_mode)) {
+        std::fclose(pFile);
+        error = EISDIR;
+        return false;
+    }
+    bytes.clear();
+    if (fstat(fileno(pFile), &status) == 0 && status.st_size > 0)
+        bytes.reserve(static_cast<std::size_t>(status.st_size));
+    char buffer[8192];
+    std::size_t nRead;
+    while ((nRead = std::fread(buffer, 1, sizeof buffer, pFile)) > 0)
+        bytes.append(buffer, nRead);
+    bool bFailed = std::ferror(pFile) != 0;
+    std::fclose(pFile);
+    if (bFailed)
+        error = EIO;
+    return !bFailed;
+}
+
+namespace {
+
+// Where a command lies.
+struct CommandSpans
+{
+    AI_Span whole;
+    AI_Span name;
+};
+
+// One file of the strategy as the check read it.
+struct FileState
+{
+    std::string name;
+    ScriptText text;
+    std::unique_ptr<LineMap> lines;
+    std::vector<LoadStep> chain;
+    AI_CCommandList *pCommands = nullptr;
+    std::size_t nReport = 0;               // its entry in the report's files
+    std::vector<Suppression> suppressions;
+    std::vector<AI_Span> commands;         // every command's span in text order, when suppressions need it
+    std::vector<std::pair<AI_CCommand const *, CommandSpans>> spans;  // by command, sorted once parsed
+    bool bWalking = false;
+    bool bWalked = false;
+};
+
+bool Contains(AI_Span outer, int nOffset)
+{
+    return nOffset >= outer.nBegin && nOffset < std::max(outer.nEnd, outer.nBegin + 1);
+}
+
+std::string Text(CString const *pString)
+{
+    return pString ? std::string(pString->GetString()) : std::string();
+}
+
+// The written name of a load: the target without the loading file's
+// directory and extension, which the parser added.
+std::string WrittenName(std::string const &loadingFile, std::string const &target)
+{
+    CString strDrive, strDirectory, strName, strExtension;
+    crt::SplitPath(loadingFile.c_str(), strDrive, strDirectory, strName, strExtension);
+    std::size_t nPrefix = strDrive.GetLength() + strDirectory.GetLength();
+    std::size_t nSuffix = strExtension.GetLength();
+    if (target.size() < nPrefix + nSuffix)
+        return target;
+    return target.substr(nPrefix, target.size() - nPrefix - nSuffix);
+}
+
+class Checker : public AI_CCheckListener
+{
+public:
+    Checker(CheckOptions const &options, CheckReport &report, std::string const &mainFile)
+        : m_options(options),
+          m_report(report),
+          m_strategy("check", mainFile.c_str(), options.settings),
+          m_parser(&m_strategy),
+          m_bExpandBlocks(AI_CParser::IsExpandBlocks())
+    {
+        AI_CParser::EnableExpandBlocks(0);
+        m_nFalse = AI_Symbol("false");
+        m_nTrue = AI_Symbol("true");
+    }
+
+    // What the check registered goes again, whatever way the check ends.
+    ~Checker() override
+    {
+        for (std::string const &name : m_newConstants) {
+            unsigned int nSID = AI_Symbol(name.c_str());
+            if (nSID && AI_IsConstant(nSID))
+                AI_DeleteConstant(nSID);
+        }
+        AI_CParser::EnableExpandBlocks(m_bExpandBlocks);
+    }
+
+    void Run(std::string const &mainFile)
+    {
+        for (std::string const &extra : m_options.extraFiles)
+            Reach(extra, {}, nullptr, {0, 0});
+        Reach(mainFile, {}, nullptr, {0, 0});
+        WarnUnusedConstants();
+        for (Diagnostic const &diagnostic : m_report.diagnostics)
+            ++(diagnostic.severity == Severity::Error ? m_report.errors : m_report.warnings);
+    }
+
+    // ---- what the parser reports -------------------------------------
+
+    // Rules are looked at while they are fresh from the parser.
+    void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
+    {
+        m_pCurrent->spans.push_back({pCommand, {whole, name}});
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
+            m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
+            m_bPendingRule = true;
+            if (NeverFires(static_cast<AI_CDefruleCommand *>(pCommand)))
+                m_ruleWarnings.push_back({whole, kNeverFires, "this rule can never fire: one of its conditions is always false"});
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            unsigned int nSID = static_cast<AI_CDefconstCommand *>(pCommand)->GetSID();
+            NoteConstantSID(nSID);  // for hints from here on
+            if (m_definitions.insert({nSID, {m_pCurrent, name}}).second)
+                m_definitionOrder.push_back(nSID);
+        }
+        if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
+            m_loadOptions.clear();
+    }
+    // The command just read went into this list.
+    void CommandList(AI_CCommandList *, AI_Span) override {}
+    void CommandListed(int nList) override
+    {
+        if (m_bPendingRule)
+            m_rules.push_back({nList, m_pendingRule.first, m_pendingRule.second});
+        m_bPendingRule = false;
+    }
+    void FileName(CString const *pFilename, AI_Span whole) override { m_fileNames[pFilename] = whole; }
+    void ValueSymbol(unsigned int nSID, AI_Span whole) override
+    {
+        if (!AI_IsConstant(nSID))
+            return;
+        if (nSID >= m_usedConstants.size())
+            m_usedConstants.resize(nSID + 1);
+        m_usedConstants[nSID] = true;
+        if (m_options.fileReports)
+            Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
+    }
+    void LoadOption(int nProbability, AI_Span whole) override { m_loadOptions.push_back({nProbability, whole}); }
+    void ConstantName(char const *pszName, AI_Span) override
+    {
+        if (!AI_Symbol(pszName))
+            m_newConstants.push_back(pszName);
+    }
+    void ArgumentsBegin() override {}
+    void Argument(AI_Span) override {}
+
+    void Error(AI_CParseException const &error, AI_Span span, int nPrevious, bool bInActions) override
+    {
+        ErrorContext context;
+        context.nPrevious = nPrevious;
+        context.bInActions = bInActions;
+        context.found = Source(span);
+        context.function = Source(AI_spanError);
+        context.nArgument = AI_nBadArgument;
+        Diagnostic diagnostic = ErrorDiagnostic(error, ToRange(span), context);
+        diagnostic.file = m_pCurrent->name;
+        diagnostic.loadedFrom = m_pCurrent->chain;
+        m_report.diagnostics.push_back(diagnostic);
+        if (error.GetCause() == AI_PE_PROBABILITY_SUM)
+            WarnUndrawableOptions();
+        m_loadOptions.clear();
+    }
+
+private:
+    struct Option
+    {
+        int nProbability;
+        AI_Span span;
+    };
+
+    FileReport &Report() { return m_report.files[m_pCurrent->nReport]; }
+
+    // Names of constants, looked up once each.
+    std::string const &NameOf(unsigned int nSID)
+    {
+        auto found = m_names.find(nSID);
+        if (found == m_names.end())
+            found = m_names.insert({nSID, AI_String(nSID).GetString()}).first;
+        return found->second;
+    }
+
+    // Every command of a file has its spans once the file is parsed.
+    static CommandSpans const &SpansOf(FileState const &file, AI_CCommand const *pCommand)
+    {
+        static CommandSpans const kNowhere = {{0, 0}, {0, 0}};
+        auto found = std::lower_bound(file.spans.begin(), file.spans.end(), pCommand,
+                                      [](auto const &entry, AI_CCommand const *p) { return entry.first < p; });
+        return found != file.spans.end() && found->first == pCommand ? found->second : kNowhere;
+    }
+    Range ToRange(AI_Span span) const { return m_pCurrent->lines->ToRange(span); }
+    std::string Source(AI_Span span) const
+    {
+        std::string const &text = m_pCurrent->text.text;
+        if (span.nBegin < 0 || span.nEnd > static_cast<int>(text.size()) || span.nEnd <= span.nBegin)
+            return std::string();
+        return text.substr(span.nBegin, span.nEnd - span.nBegin);
+    }
+
+    // ---- reading files -------------------------------------------------
+
+    // The file's state, parsing it on its first visit; null when it cannot
+    // be read (an E100 at the string that names it).
+    FileState *Open(std::string const &name, std::vector<LoadStep> const &chain, FileState *pSite, AI_Span site)
+    {
+        auto found = m_files.find(name);
+        if (found != m_files.end())
+            return found->second.get();
+        std::string bytes;
+        int nError = 0;
+        SourceProvider const defaultSources;
+        SourceProvider const &sources = m_options.sources ? *m_options.sources : defaultSources;
+        if (!sources.Read(name, bytes, nError)) {
+            Diagnostic diagnostic = UnopenableFile(name, nError);
+            if (pSite) {
+                diagnostic.file = pSite->name;
+                diagnostic.range = pSite->lines->ToRange(site);
+                diagnostic.loadedFrom = pSite->chain;
+            } else {
+                diagnostic.file = name;
+            }
+            m_report.diagnostics.push_back(diagnostic);
+            return nullptr;
+        }
+        std::unique_ptr<FileState> pFile(new FileState);
+        pFile->name = name;
+        pFile->text = ReadTextMode(std::move(bytes));
+        pFile->lines.reset(new LineMap(pFile->text.text));
+        pFile->chain = chain;
+        pFile->suppressions = FindSuppressions(pFile->text.text);
+        pFile->nReport = m_report.files.size();
+        m_report.files.push_back(FileReport());
+        m_report.files.back().file = name;
+        m_report.files.back().loadedFrom = chain;
+        FileState *pState = pFile.get();
+        m_files[name] = std::move(pFile);
+        Parse(*pState);
+        return pState;
+    }
+
+    void Parse(FileState &file)
+    {
+        FileState *pOuter = m_pCurrent;
+        m_pCurrent = &file;
+        if (file.text.bByteOrderMark)
+            Warn(kByteOrderMarkSkipped, "a UTF-8 byte-order mark at the start of the file is skipped", {0, 0});
+        m_loadOptions.clear();
+        m_rules.clear();
+        m_ruleWarnings.clear();
+        m_bPendingRule = false;
+        std::string const &text = file.text.text;
+        file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
+        if (!file.suppressions.empty()) {
+            for (auto const &entry : file.spans)
+                file.commands.push_back(entry.second.whole);
+            std::sort(file.commands.begin(), file.commands.end(),
+                      [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        }
+        std::sort(file.spans.begin(), file.spans.end(),
+                  [](auto const &a, auto const &b) { return a.first < b.first; });
+        WarnAboutRules();
+        if (m_options.fileReports)
+            Survey(file.pCommands, Report().outline);
+        m_pCurrent = pOuter;
+    }
+
+    // ---- following every path ------------------------------------------
+
+    void Reach(std::string const &name, std::vector<LoadStep> const &chain, FileState *pSite, AI_Span site)
+    {
+        FileState *pFile = Open(name, chain, pSite, site);
+        MarkLoaded(name);
+        if (!pFile || pFile->bWalking || pFile->bWalked)
+            return;
+        pFile->bWalking = true;
+        Walk(*pFile, pFile->pCommands);
+        pFile->bWalking = false;
+        pFile->bWalked = true;
+    }
+
+    void Walk(FileState &file, AI_CCommandList const *pCommands)
+    {
+        if (!pCommands)
+            return;
+        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        for (POSITION position = commands.GetHeadPosition(); position;)
+            WalkCommand(file, commands.GetNext(position));
+    }
+
+    void WalkCommand(FileState &file, AI_CCommand *pCommand)
+    {
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+            AddConstant(pDefconst->GetSID(), pDefconst->GetValue());
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
+            Load(file, pCommand, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename(), true);
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
+            auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
+            std::vector<CString const *> files;
+            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
+                auto const &options = pOptions->GetLoadOptions();
+                for (POSITION position = options.GetHeadPosition(); position;)
+                    files.push_back(options.GetNext(position)->GetFilename());
+            }
+            if (CString const *pDefault = pRandom->GetFilename())
+                files.push_back(pDefault);
+            Alternatives(static_cast<int>(files.size()), [&](int i) { Load(file, pCommand, files[i], false); });
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
+            auto *pBlock = static_cast<AI_CBlock *>(pCommand);
+            Alternatives(2, [&](int i) { Walk(file, i == 0 ? pBlock->GetIfCommands() : pBlock->GetElseCommands()); });
+        }
+    }
+
+    void Load(FileState &file, AI_CCommand *pCommand, CString const *pFilename, bool bPlainLoad)
+    {
+        if (!pFilename)
+            return;
+        std::string target = Text(pFilename);
+        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : SpansOf(file, pCommand).whole;
+        if (bPlainLoad && m_loaded.count(target) && m_loaded[target] > 0) {
+            m_pCurrent = &file;
+            Warn(kLoadedTwice, "'" + target + "' is already loaded on this path", site);
+        }
+        std::vector<LoadStep> chain = file.chain;
+        int nLine, nColumn;
+        file.lines->Position(SpansOf(file, pCommand).whole.nBegin, nLine, nColumn);
+        chain.push_back({file.name, nLine, nColumn});
+        Reach(target, chain, &file, site);
+    }
+
+    // Each alternative starts from the constants and loads as they stand
+    // before them; afterwards the constants any of them defined are kept
+    // (the first value wins), the loads are forgotten. walk(i) reads the
+    // i-th of the nCount alternatives.
+    template <class Walk>
+    void Alternatives(int nCount, Walk walk)
+    {
+        std::size_t nConstants = m_constantJournal.size();
+        std::size_t nLoads = m_loadJournal.size();
+        std::vector<std::pair<unsigned int, int>> defined;
+        for (int i = 0; i < nCount; ++i) {
+            RestoreConstants(nConstants);
+            RestoreLoads(nLoads);
+            walk(i);
+            for (std::size_t k = nConstants; k < m_constantJournal.size(); ++k)
+                defined.push_back({m_constantJournal[k], m_strategy.Constant(m_constantJournal[k], 0)});
+        }
+        RestoreConstants(nConstants);
+        RestoreLoads(nLoads);
+        for (auto const &constant : defined)
+            AddConstant(constant.first, constant.second);
+    }
+
+    void AddConstant(unsigned int nSID, int nValue)
+    {
+        if (m_strategy.Constant(nSID, 0) == AI_NO_VALUE)
+            m_constantJournal.push_back(nSID);
+        m_strategy.AddConstantValue(nSID, nValue);
+    }
+
+    void RestoreConstants(std::size_t nMark)
+    {
+        for (; m_constantJournal.size() > nMark; m_constantJournal.pop_back())
+            m_strategy.DeleteConstant(m_constantJournal.back());
+    }
+
+    void MarkLoaded(std::string const &name)
+    {
+        ++m_loaded[name];
+        m_loadJournal.push_back(name);
+    }
+
+    void RestoreLoads(std::size_t nMark)
+    {
+        for (; m_loadJournal.size() > nMark; m_loadJournal.pop_back())
+            --m_loaded[m_loadJournal.back()];
+    }
+
+    // ---- what a file holds: outline, definitions, rule warnings ---------
+
+    void Survey(AI_CCommandList const *pCommands, std::vector<OutlineItem> &outline)
+    {
+        if (!pCommands)
+            return;
+        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        outline.reserve(outline.size() + commands.GetCount());
+        for (POSITION position = commands.GetHeadPosition(); position;) {
+            AI_CCommand *pCommand = commands.GetNext(position);
+            CommandSpans const &spans = SpansOf(*m_pCurrent, pCommand);
+            OutlineItem item;
+            item.range = ToRange(spans.whole);
+            item.selectionRange = ToRange(spans.name);
+            Describe(pCommand, item);
+            outline.push_back(std::move(item));
+        }
+    }
+
+    void Describe(AI_CCommand *pCommand, OutlineItem &item)
+    {
+        FileReport &report = Report();
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
+            item.kind = OutlineKind::Rule;
+            item.name = "defrule";
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+            item.kind = OutlineKind::Constant;
+            item.name = AI_String(pDefconst->GetSID()).GetString();
+            item.detail = std::to_string(pDefconst->GetValue());
+            report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
+            CString const *pFilename = static_cast<AI_CLoadCommand *>(pCommand)->GetFilename();
+            item.kind = OutlineKind::Load;
+            item.name = WrittenName(m_pCurrent->name, Text(pFilename));
+            item.detail = Text(pFilename);
+            AddLoadReference(pFilename);
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
+            auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
+            item.kind = OutlineKind::LoadRandom;
+            item.name = "load-random";
+            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
+                auto const &options = pOptions->GetLoadOptions();
+                for (POSITION position = options.GetHeadPosition(); position;) {
+                    AI_CLoadOption const *pOption = options.GetNext(position);
+                    AddLoadReference(pOption->GetFilename());
+                    item.detail += (item.detail.empty() ? "" : ", ") + std::to_string(pOption->GetProbability()) +
+                                   "% " + WrittenName(m_pCurrent->name, Text(pOption->GetFilename()));
+                }
+            }
+            if (CString const *pDefault = pRandom->GetFilename()) {
+                AddLoadReference(pDefault);
+                item.detail += (item.detail.empty() ? "default " : ", default ") +
+                               WrittenName(m_pCurrent->name, Text(pDefault));
+            }
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
+            auto *pBlock = static_cast<AI_CBlock *>(pCommand);
+            item.kind = OutlineKind::Block;
+            item.name = AI_String(pBlock->GetSID()).GetString();
+            item.detail = pBlock->GetIf() ? "#load-if-defined" : "#load-if-not-defined";
+            Survey(pBlock->GetIfCommands(), item.children);
+            Survey(pBlock->GetElseCommands(), item.children);
+        }
+    }
+
+    void AddLoadReference(CString const *pFilename)
+    {
+        if (!m_options.fileReports || !pFilename || !m_fileNames.count(pFilename))
+            return;
+        std::string target = Text(pFilename);
+        Report().loads.push_back(
+            {WrittenName(m_pCurrent->name, target), target, ToRange(m_fileNames[pFilename])});
+    }
+
+    // Rules of one list written alike (each after the first) and rules that
+    // can never fire, in the order of the text.
+    void WarnAboutRules()
+    {
+        std::sort(m_rules.begin(), m_rules.end(), [](RuleSeen const &a, RuleSeen const &b) {
+            return a.nList != b.nList ? a.nList < b.nList
+                                      : a.nHash != b.nHash ? a.nHash < b.nHash : a.span.nBegin < b.span.nBegin;
+        });
+        std::string const &text = m_pCurrent->text.text;
+        std::size_t nFirst = 0;
+        for (std::size_t i = 1; i < m_rules.size(); ++i) {
+            RuleSeen const &rule = m_rules[i];
+            if (rule.nList != m_rules[i - 1].nList || rule.nHash != m_rules[i - 1].nHash) {
+                nFirst = i;
+                continue;
+            }
+            if (Normalized(text, m_rules[nFirst].span) != Normalized(text, rule.span))
+                continue;
+            Range first = ToRange(m_rules[nFirst].span);
+            m_ruleWarnings.push_back({rule.span, kIdenticalRule,
+                                      "this rule is the same as the one on line " + std::to_string(first.line) +
+                                          "; it runs twice"});
+        }
+        std::stable_sort(m_ruleWarnings.begin(), m_ruleWarnings.end(),
+                         [](RuleWarning const &a, RuleWarning const &b) { return a.span.nBegin < b.span.nBegin; });
+        for (RuleWarning const &warning : m_ruleWarnings)
+            Warn(warning.pszCode, warning.message, warning.span);
+    }
+
+    // A condition that is always false: (false), or (not (true)).
+    bool NeverFires(AI_CDefruleCommand const *pRule) const
+    {
+        if (!pRule->GetCEs())
+            return false;
+        auto const &conditions = pRule->GetCEs()->GetCEs();
+        for (POSITION position = conditions.GetHeadPosition(); position;) {
+            AI_CCE const *pCondition = conditions.GetNext(position);
+            if (IsFact(pCondition, m_nFalse))
+                return true;
+            if (pCondition->IsKindOf(RUNTIME_CLASS(AI_COpCE))) {
+                auto const *pOp = static_cast<AI_COpCE const *>(pCondition);
+                if (pOp->GetOp() == AI_COpCE::opNot && IsFact(pOp->GetCE1(), m_nTrue))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    static bool IsFact(AI_CCE const *pCondition, unsigned int nSID)
+    {
+        return nSID && pCondition && pCondition->IsKindOf(RUNTIME_CLASS(AI_CTestCE)) &&
+               static_cast<AI_CTestCE const *>(pCondition)->GetSID() == nSID;
+    }
+
+    // ---- warnings --------------------------------------------------------
+
+    void WarnUndrawableOptions()
+    {
+        // The draw runs from 0 to 100: an option after a sum of 100 or more
+        // never gets a value.
+        int nSum = 0;
+        for (Option const &option : m_loadOptions) {
+            if (nSum >= 100)
+                Warn(kOptionNeverDrawn,
+                     "this option can never be drawn: the options before it already reach " + std::to_string(nSum),
+                     option.span);
+            nSum += option.nProbability;
+        }
+    }
+
+    void WarnUnusedConstants()
+    {
+        for (unsigned int nSID : m_definitionOrder) {
+            if (nSID < m_usedConstants.size() && m_usedConstants[nSID])
+                continue;
+            m_pCurrent = m_definitions[nSID].first;
+            Warn(kUnusedConstant,
+                 "constant '" + std::string(AI_String(nSID).GetString()) + "' is defined but never used",
+                 m_definitions[nSID].second);
+        }
+    }
+
+    void Warn(char const *pszCode, std::string const &message, AI_Span span)
+    {
+        if (Suppressed(*m_pCurrent, span.nBegin, pszCode))
+            return;
+        Diagnostic diagnostic;
+        diagnostic.file = m_pCurrent->name;
+        diagnostic.range = ToRange(span);
+        diagnostic.severity = Severity::Warning;
+        diagnostic.code = pszCode;
+        diagnostic.message = message;
+        diagnostic.loadedFrom = m_pCurrent->chain;
+        m_report.diagnostics.push_back(diagnostic);
+    }
+
+    // A directive before the first command holds for the whole file; any
+    // other for the command that follows it.
+    bool Suppressed(FileState const &file, int nOffset, std::string const &code) const
+    {
+        int nFirst = file.commands.empty() ? INT_MAX : file.commands.front().nBegin;
+        for (Suppression const &suppression : file.suppressions) {
+            if (std::find(suppression.codes.begin(), suppression.codes.end(), code) == suppression.codes.end())
+                continue;
+            if (suppression.nOffset < nFirst)
+                return true;
+            auto next = std::find_if(file.commands.begin(), file.commands.end(),
+                                     [&](AI_Span span) { return span.nBegin > suppression.nOffset; });
+            if (next != file.commands.end() && Contains(*next, nOffset))
+                return true;
+        }
+        return false;
+    }
+
+    CheckOptions const &m_options;
+    CheckReport &m_report;
+    AI_CStrategy m_strategy;
+    AI_CCheckParser m_parser;
+    int m_bExpandBlocks;
+    unsigned int m_nFalse = 0;
+    unsigned int m_nTrue = 0;
+
+    std::unordered_map<std::string, std::unique_ptr<FileState>> m_files;
+    FileState *m_pCurrent = nullptr;
+    std::unordered_map<CString const *, AI_Span> m_fileNames;
+    std::vector<Option> m_loadOptions;  // of the load-random being read
+    // The rules of the file being read: the last one until its list is known,
+    // then all with their lists, and the warnings about them.
+    struct RuleSeen
+    {
+        int nList;  // as CommandListed names it
+        std::uint64_t nHash;
+        AI_Span span;
+    };
+    struct RuleWarning
+    {
+        AI_Span span;
+        char const *pszCode;
+        std::string message;
+    };
+    std::pair<std::uint64_t, AI_Span> m_pendingRule;
+    bool m_bPendingRule = false;
+    std::vector<RuleSeen> m_rules;
+    std::vector<RuleWarning> m_ruleWarnings;
+    std::vector<std::string> m_newConstants;
+    std::vector<bool> m_usedConstants;  // by SID
+    std::unordered_map<unsigned int, std::string> m_names;
+    std::unordered_map<unsigned int, std::pair<FileState *, AI_Span>> m_definitions;  // the first of each
+    std::vector<unsigned int> m_definitionOrder;
+    std::vector<unsigned int> m_constantJournal;  // constants first defined on the current path
+    std::unordered_map<std::string, int> m_loaded;  // loads on the current path
+    std::vector<std::string> m_loadJournal;
+};
+
+}  // namespace
+
+CheckReport Check(std::string const &mainFile, CheckOptions const &options)
+{
+    CheckReport report;
+    try {
+        Checker checker(options, report, mainFile);
+        checker.Run(mainFile);
+    } catch (std::bad_alloc const &) {
+        AfxThrowMemoryException();
+    }
+    return report;
+}
+
+}  // namespace stratagem

@@ -1,0 +1,209 @@
+#include "CheckText.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace stratagem {
+
+namespace {
+
+char const kByteOrderMark[] = "\xEF\xBB\xBF";
+char const kEndOfText = 0x1A;
+char const kDirective[] = "stratagem:";
+char const kDisable[] = "disable=";
+
+bool IsBlank(char ch)
+{
+    return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r';
+}
+
+// Skips a string literal starting at the quote; answers the offset after
+// it (or the end of its line when it is not closed there).
+std::size_t SkipString(std::string const &text, std::size_t i)
+{
+    for (++i; i < text.size(); ++i) {
+        if (text[i] == '\\' && i + 1 < text.size())
+            ++i;
+        else if (text[i] == '"' || text[i] == '\n')
+            return i + 1;
+    }
+    return i;
+}
+
+std::vector<std::string> SplitCodes(std::string const &list)
+{
+    std::vector<std::string> codes;
+    std::size_t nStart = 0;
+    while (nStart <= list.size()) {
+        std::size_t nComma = list.find(',', nStart);
+        if (nComma == std::string::npos)
+            nComma = list.size();
+        std::string code = list.substr(nStart, nComma - nStart);
+        code.erase(std::remove_if(code.begin(), code.end(), IsBlank), code.end());
+        if (!code.empty())
+            codes.push_back(code);
+        nStart = nComma + 1;
+    }
+    return codes;
+}
+
+// The codes of a comment's text if it is a disable directive.
+bool ParseDirective(std::string const &comment, std::vector<std::string> &codes)
+{
+    std::size_t i = comment.find_first_not_of("; \t");
+    if (i == std::string::npos || comment.compare(i, std::strlen(kDirective), kDirective) != 0)
+        return false;
+    i = comment.find_first_not_of(" \t", i + std::strlen(kDirective));
+    if (i == std::string::npos || comment.compare(i, std::strlen(kDisable), kDisable) != 0)
+        return false;
+    codes = SplitCodes(comment.substr(i + std::strlen(kDisable)));
+    return !codes.empty();
+}
+
+}  // namespace
+
+ScriptText ReadTextMode(std::string &&bytes)
+{
+    ScriptText result;
+    std::size_t nStart = 0;
+    if (bytes.compare(0, 3, kByteOrderMark) == 0) {
+        result.bByteOrderMark = true;
+        nStart = 3;
+    }
+    std::size_t nEnd = bytes.find(kEndOfText, nStart);
+    if (nEnd == std::string::npos)
+        nEnd = bytes.size();
+    bool bShifted = nStart > 0 || bytes.find("\r\n", nStart) < nEnd;
+    if (!bShifted) {
+        // The common case: the text is the bytes.
+        bytes.resize(nEnd);
+        result.text = std::move(bytes);
+        return result;
+    }
+    result.text.reserve(nEnd - nStart);
+    result.origins.reserve(nEnd - nStart + 1);
+    for (std::size_t i = nStart; i < nEnd; ++i) {
+        if (bytes[i] == '\r' && i + 1 < nEnd && bytes[i + 1] == '\n')
+            continue;
+        result.origins.push_back(static_cast<int>(i));
+        result.text += bytes[i];
+    }
+    result.origins.push_back(static_cast<int>(nEnd));
+    return result;
+}
+
+LineMap::LineMap(std::string const &text)
+{
+    m_starts.push_back(0);
+    for (std::size_t i = text.find('\n'); i != std::string::npos; i = text.find('\n', i + 1))
+        m_starts.push_back(static_cast<int>(i + 1));
+}
+
+void LineMap::Position(int nOffset, int &nLine, int &nColumn) const
+{
+    // Positions are mostly asked for in the order of the text: look near
+    // the last answer first.
+    std::size_t nLast = m_nLast;
+    if (m_starts[nLast] <= nOffset) {
+        for (std::size_t n = 0; n < 8 && nLast + 1 < m_starts.size() && m_starts[nLast + 1] <= nOffset; ++n)
+            ++nLast;
+    }
+    if (m_starts[nLast] > nOffset || (nLast + 1 < m_starts.size() && m_starts[nLast + 1] <= nOffset))
+        nLast = static_cast<std::size_t>(std::upper_bound(m_starts.begin(), m_starts.end(), nOffset) -
+                                         m_starts.begin()) - 1;
+    m_nLast = nLast;
+    nLine = static_cast<int>(nLast + 1);
+    nColumn = nOffset - m_starts[nLast] + 1;
+}
+
+Range LineMap::ToRange(AI_Span span) const
+{
+    Range range;
+    Position(span.nBegin, range.line, range.column);
+    if (span.nEnd > span.nBegin)
+        Position(span.nEnd - 1, range.endLine, range.endColumn);
+    else {
+        range.endLine = range.line;
+        range.endColumn = range.column;
+    }
+    return range;
+}
+
+std::vector<Suppression> FindSuppressions(std::string const &text)
+{
+    std::vector<Suppression> found;
+    if (text.find(kDirective) == std::string::npos)
+        return found;
+    std::size_t i = 0;
+    while (i < text.size()) {
+        char ch = text[i];
+        if (ch == '"') {
+            i = SkipString(text, i);
+        } else if (ch == ';') {
+            std::size_t nEnd = text.find('\n', i);
+            if (nEnd == std::string::npos)
+                nEnd = text.size();
+            Suppression suppression;
+            if (ParseDirective(text.substr(i, nEnd - i), suppression.codes)) {
+                suppression.nOffset = static_cast<int>(nEnd);
+                found.push_back(suppression);
+            }
+            i = nEnd;
+        } else {
+            ++i;
+        }
+    }
+    return found;
+}
+
+// Feeds the characters of the normalized text to the sink.
+template <class Sink>
+void Normalize(std::string const &text, AI_Span span, Sink sink)
+{
+    bool bBlank = false, bStarted = false;
+    for (int i = span.nBegin; i < span.nEnd; ++i) {
+        char ch = text[i];
+        if (ch == '"') {
+            int nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
+            if (bBlank && bStarted)
+                sink(' ');
+            for (int k = i; k < nEnd; ++k)
+                sink(text[k]);
+            i = nEnd - 1;
+            bBlank = false;
+            bStarted = true;
+            continue;
+        }
+        if (ch == ';') {
+            while (i < span.nEnd && text[i] != '\n')
+                ++i;
+            ch = '\n';
+        }
+        if (IsBlank(ch)) {
+            bBlank = true;
+            continue;
+        }
+        if (bBlank && bStarted)
+            sink(' ');
+        bBlank = false;
+        bStarted = true;
+        sink(ch);
+    }
+}
+
+std::string Normalized(std::string const &text, AI_Span span)
+{
+    std::string result;
+    Normalize(text, span, [&](char ch) { result += ch; });
+    return result;
+}
+
+std::uint64_t NormalizedHash(std::string const &text, AI_Span span)
+{
+    std::uint64_t nHash = 14695981039346656037ull;  // FNV-1a
+    Normalize(text, span, [&](char ch) { nHash = (nHash ^ static_cast<unsigned char>(ch)) * 1099511628211ull; });
+    return nHash;
+}
+
+}  // namespace stratagem
