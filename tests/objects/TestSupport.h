@@ -177,7 +177,7 @@ inline CString const *OptionName(AI_CLoadOptionList const *pOptions, int nIndex)
     POSITION pos = pOptions->GetLoadOptions().GetHeadPosition();
     while (nIndex-- > 0)
         pOptions->GetLoadOptions().GetNext(pos);
-    return pOptions->GetLoadOptions().GetAt(pos)->GetFilename();
+    return pOptions->GetLoadOptions().GetNext(pos)->GetFilename();
 }
 
 // The rule (defrule (true) => (do-nothing)), or one with the given parts.

@@ -25,7 +25,7 @@ TEST_F(CFunction, ConstructorsKeepTheCodesInOrder)
     for (int code : {16, 0, 33, 0, 1, 2, 7, 40})
         codes.Add(code);
     AI_CFunction function(471, "cc-players-building-type-count", codes);
-    codes.SetAt(0, 5);
+    codes[0] = 5;
     codes.Add(9);
     EXPECT_EQ((std::vector<int>{16, 0, 33, 0, 1, 2, 7, 40}), Params(function));
 }
