@@ -76,7 +76,13 @@ AI_CCommandList *AI_CParser::Parse(char const *pszFilename)
         return nullptr;
     }
     AI_CCommandList *pCommands = static_cast<AI_CCommandList *>(m_lstObjects.GetHead());
+    try {
+        m_pStrategy->AddCommandList(pszFilename, pCommands);
+    } catch (...) {
+        DeleteObjects();  // no room to store the list: it goes with the parse
+        DeleteStrings();
+        throw;
+    }
     m_lstObjects.RemoveAll();
-    m_pStrategy->AddCommandList(pszFilename, pCommands);
     return pCommands;
 }

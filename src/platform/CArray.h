@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "memory.h"
 #include "types.h"
 
 template <class TYPE, class ARG_TYPE = TYPE const &>
@@ -22,12 +23,18 @@ public:
     // Appends the element and returns its index.
     INT_PTR Add(ARG_TYPE newElement)
     {
-        m_data.push_back(TYPE(newElement));
+        platform::Allocating([&] { m_data.push_back(TYPE(newElement)); });
         return GetSize() - 1;
     }
-    void SetSize(INT_PTR nNewSize, INT_PTR /*nGrowBy*/ = -1) { m_data.resize(nNewSize > 0 ? nNewSize : 0); }
+    void SetSize(INT_PTR nNewSize, INT_PTR /*nGrowBy*/ = -1)
+    {
+        platform::Allocating([&] { m_data.resize(nNewSize > 0 ? nNewSize : 0); });
+    }
     void RemoveAll() { m_data.clear(); }
-    void Copy(CArray const &src) { m_data = src.m_data; }
+    void Copy(CArray const &src)
+    {
+        platform::Allocating([&] { m_data = src.m_data; });
+    }
 
 private:
     std::vector<TYPE> m_data;

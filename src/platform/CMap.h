@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "CString.h"
+#include "memory.h"
 #include "types.h"
 
 // Hash of an integral key: its value shifted right by 4 bits.
@@ -63,9 +64,11 @@ public:
 
     VALUE &operator[](ARG_KEY key)
     {
-        if (m_buckets.empty())
-            m_buckets.assign(m_nHashTableSize, nullptr);
-        auto const inserted = m_entries.try_emplace(KEY(key));
+        auto const inserted = platform::Allocating([&] {
+            if (m_buckets.empty())
+                m_buckets.assign(m_nHashTableSize, nullptr);
+            return m_entries.try_emplace(KEY(key));
+        });
         CAssoc &assoc = inserted.first->second;
         if (inserted.second) {
             assoc.pKey = &inserted.first->first;
@@ -110,17 +113,24 @@ public:
         m_nHashTableSize = nHashSize;
         m_buckets.clear();
         if (bAllocNow)
-            m_buckets.assign(m_nHashTableSize, nullptr);
+            platform::Allocating([&] { m_buckets.assign(m_nHashTableSize, nullptr); });
     }
 
     POSITION GetStartPosition() const { return FirstInBucketFrom(0); }
 
     void GetNextAssoc(POSITION &rNextPosition, KEY &rKey, VALUE &rValue) const
     {
+        rKey = *static_cast<CAssoc const *>(rNextPosition)->pKey;
+        rValue = GetNextValue(rNextPosition);
+    }
+
+    // The value at the position, stepping on as GetNextAssoc does; copies no
+    // key, so that a walk that frees the values allocates nothing.
+    VALUE GetNextValue(POSITION &rNextPosition) const
+    {
         CAssoc const *pAssoc = static_cast<CAssoc const *>(rNextPosition);
-        rKey = *pAssoc->pKey;
-        rValue = pAssoc->value;
         rNextPosition = pAssoc->pNext ? pAssoc->pNext : FirstInBucketFrom(pAssoc->nBucket + 1);
+        return pAssoc->value;
     }
 
 private:

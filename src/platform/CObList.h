@@ -5,6 +5,7 @@
 #define STRATAGEM_PLATFORM_COBLIST_H
 
 #include "CObject.h"
+#include "memory.h"
 
 // The shared list machinery; POSITION is a node pointer.
 template <class ELEMENT>
@@ -41,7 +42,9 @@ public:
 
     POSITION AddTail(ELEMENT newElement)
     {
-        CNode *pNode = new CNode{{}, nullptr, m_pTail, newElement};
+        CNode *pNode = new (std::nothrow) CNode{{}, nullptr, m_pTail, newElement};
+        if (!pNode)
+            AfxThrowMemoryException();
         (m_pTail ? m_pTail->pNext : m_pHead) = pNode;
         m_pTail = pNode;
         ++m_nCount;

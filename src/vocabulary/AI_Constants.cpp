@@ -10,8 +10,7 @@ unsigned int AI_AddConstant(char const *pszName, int nValue)
 {
     vocabulary::Registry &r = vocabulary::TheRegistry();
     unsigned int const nSID = r.nextConstant;
-    std::vector<int> &values = r.values[nSID];
-    values.assign(1, nValue);
+    platform::Allocating([&] { r.values[nSID].assign(1, nValue); });
     vocabulary::Intern(pszName, nSID);
     r.nextConstant = nSID + 1;
     return nSID;
@@ -22,7 +21,7 @@ void AI_AddConstantValue(unsigned int nSID, int nValue)
     std::unordered_map<unsigned int, std::vector<int>> &values = vocabulary::TheRegistry().values;
     auto const it = values.find(nSID);
     if (it != values.end())
-        it->second.push_back(nValue);
+        platform::Allocating([&] { it->second.push_back(nValue); });
 }
 
 int AI_Constant(unsigned int nSID, int nIndex)

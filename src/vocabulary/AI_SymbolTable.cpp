@@ -17,8 +17,10 @@ void Intern(char const *pszName, unsigned int nSID)
 {
     Registry &r = TheRegistry();
     char const *pszText = pszName ? pszName : "";
-    r.names[nSID] = pszText;
-    r.symbols[pszText] = nSID;
+    platform::Allocating([&] {
+        r.names[nSID] = pszText;
+        r.symbols[pszText] = nSID;
+    });
 }
 
 bool Forget(unsigned int nSID)
@@ -37,7 +39,7 @@ unsigned int Find(char const *pszName)
     // The parser asks for every word of a script: the key is built in one
     // buffer kept for the purpose, so that a lookup does not allocate.
     static std::string key;
-    key.assign(pszName);
+    platform::Allocating([&] { key.assign(pszName); });
     std::unordered_map<std::string, unsigned int> const &symbols = TheRegistry().symbols;
     auto const it = symbols.find(key);
     return it != symbols.end() ? it->second : 0;
