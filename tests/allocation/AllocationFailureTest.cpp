@@ -55,6 +55,8 @@ void operator delete(void *p) noexcept { Free(p); }
 void operator delete[](void *p) noexcept { Free(p); }
 void operator delete(void *p, std::size_t) noexcept { Free(p); }
 void operator delete[](void *p, std::size_t) noexcept { Free(p); }
+void operator delete(void *p, std::nothrow_t const &) noexcept { Free(p); }
+void operator delete[](void *p, std::nothrow_t const &) noexcept { Free(p); }
 
 namespace {
 
