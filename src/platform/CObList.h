@@ -7,7 +7,10 @@
 #include "CObject.h"
 #include "memory.h"
 
-// The shared list machinery; POSITION is a node pointer.
+// The shared list machinery; POSITION is a node pointer. As in the class
+// library, a removed node is kept for the list's next insertion (the parser
+// remembers and forgets an object for every one it builds), and the nodes
+// are freed when the list is emptied or destroyed.
 template <class ELEMENT>
 class CPointerList
 {
@@ -42,9 +45,8 @@ public:
 
     POSITION AddTail(ELEMENT newElement)
     {
-        CNode *pNode = new (std::nothrow) CNode{{}, nullptr, m_pTail, newElement};
-        if (!pNode)
-            AfxThrowMemoryException();
+        CNode *pNode = NewNode();
+        *pNode = CNode{{}, nullptr, m_pTail, newElement};
         (m_pTail ? m_pTail->pNext : m_pHead) = pNode;
         m_pTail = pNode;
         ++m_nCount;
@@ -64,17 +66,19 @@ public:
         CNode *pNode = static_cast<CNode *>(position);
         (pNode->pPrev ? pNode->pPrev->pNext : m_pHead) = pNode->pNext;
         (pNode->pNext ? pNode->pNext->pPrev : m_pTail) = pNode->pPrev;
-        delete pNode;
+        pNode->pNext = m_pFree;
+        m_pFree = pNode;
         --m_nCount;
     }
     void RemoveAll()
     {
-        for (CNode *pNode = m_pHead; pNode;) {
-            CNode *pNext = pNode->pNext;
-            delete pNode;
-            pNode = pNext;
-        }
-        m_pHead = m_pTail = nullptr;
+        for (CNode *pChain : {m_pHead, m_pFree})
+            for (CNode *pNode = pChain; pNode;) {
+                CNode *pNext = pNode->pNext;
+                delete pNode;
+                pNode = pNext;
+            }
+        m_pHead = m_pTail = m_pFree = nullptr;
         m_nCount = 0;
     }
 
@@ -92,7 +96,18 @@ public:
 private:
     CNode *m_pHead = nullptr;
     CNode *m_pTail = nullptr;
+    CNode *m_pFree = nullptr;  // removed nodes, for the next insertions
     INT_PTR m_nCount = 0;
+
+    CNode *NewNode()
+    {
+        CNode *pNode = m_pFree;
+        if (pNode)
+            m_pFree = pNode->pNext;
+        else if (!(pNode = new (std::nothrow) CNode))
+            AfxThrowMemoryException();
+        return pNode;
+    }
 
     static ELEMENT &Step(POSITION &rPosition, CNode *CNode::*pLink)
     {

@@ -14,10 +14,15 @@ namespace vocabulary {
 
 typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> FunctionTable;
 
+unsigned int const kDenseSids = 1u << 24;
+
 struct Registry
 {
     std::unordered_map<std::string, unsigned int> symbols;  // name -> SID
     std::unordered_map<unsigned int, std::string> names;    // SID -> name
+    // Whether a SID below kDenseSids has a name: the kind tests ask for
+    // every argument of a script, and a bit is found faster than a node.
+    std::vector<bool> named;
     std::unordered_map<unsigned int, std::vector<int>> values;  // a constant's values
     FunctionTable facts;
     FunctionTable actions;

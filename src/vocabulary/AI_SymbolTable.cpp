@@ -1,5 +1,7 @@
 #include "AI_SymbolTable.h"
 
+#include <algorithm>
+
 #include "AI_Constants.h"
 #include "AI_FunctionTable.h"
 #include "AI_Registry.h"
@@ -18,9 +20,13 @@ void Intern(char const *pszName, unsigned int nSID)
     Registry &r = TheRegistry();
     char const *pszText = pszName ? pszName : "";
     platform::Allocating([&] {
+        if (nSID < kDenseSids && nSID >= r.named.size())
+            r.named.resize(std::max<std::size_t>(nSID + 1, 2 * r.named.size()));
         r.names[nSID] = pszText;
         r.symbols[pszText] = nSID;
     });
+    if (nSID < kDenseSids)
+        r.named[nSID] = true;
 }
 
 bool Forget(unsigned int nSID)
@@ -31,6 +37,8 @@ bool Forget(unsigned int nSID)
         return false;
     r.symbols.erase(it->second);
     r.names.erase(it);
+    if (nSID < kDenseSids)
+        r.named[nSID] = false;
     return true;
 }
 
@@ -47,7 +55,10 @@ unsigned int Find(char const *pszName)
 
 int IsRegistered(unsigned int nSID)
 {
-    return TheRegistry().names.count(nSID) ? 1 : 0;
+    Registry const &r = TheRegistry();
+    if (nSID < kDenseSids)
+        return nSID < r.named.size() && r.named[nSID] ? 1 : 0;
+    return r.names.count(nSID) ? 1 : 0;
 }
 
 char const *NameOf(unsigned int nSID)
@@ -107,5 +118,6 @@ void AI_DeleteAll()
     vocabulary::Registry &r = vocabulary::TheRegistry();
     r.values.clear();
     r.names.clear();
+    std::vector<bool>().swap(r.named);
     r.symbols.clear();
 }
