@@ -2,7 +2,7 @@
 // short-circuit rules, the condition list of a rule, and their listings.
 #include "TestSupport.h"
 
-using Condition = VocabularyTest;
+using Condition = ObjectsTest;
 
 namespace {
 

@@ -3,7 +3,7 @@
 // files that load themselves.
 #include "TestSupport.h"
 
-using LoadCommands = VocabularyTest;
+using LoadCommands = ObjectsTest;
 
 namespace {
 

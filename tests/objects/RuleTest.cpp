@@ -2,7 +2,7 @@
 // command protocol and listings.
 #include "TestSupport.h"
 
-using Rules = VocabularyTest;
+using Rules = ObjectsTest;
 
 // An action list runs until the first failure. A rule runs its actions only
 // when its conditions hold; either way, and whatever the actions answer, it
