@@ -4,7 +4,7 @@
 
 #include "../objects/TestSupport.h"
 
-using Strategy = VocabularyTest;
+using Strategy = ObjectsTest;
 
 TEST_F(Strategy, EvaluatesDefinesOnItsOwnCopyOfTheSettings)
 {
