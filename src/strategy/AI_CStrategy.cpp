@@ -6,12 +6,6 @@
 
 IMPLEMENT_DYNCREATE(AI_CStrategy, AI_CObject)
 
-namespace {
-
-int const kNoValue = static_cast<int>(0x80000000u);
-
-}  // namespace
-
 AI_CStrategy::AI_CStrategy() : m_gsSettings(AI_gsSettings) {}
 
 AI_CStrategy::AI_CStrategy(char const *pszName, char const *pszFilename, AI_GameSettings const &gsSettings)
@@ -57,7 +51,7 @@ int AI_CStrategy::Constant(unsigned int nSID, int nIndex) const
 {
     CArray<int, int> *pValues = nullptr;
     if (!m_mapConstants.Lookup(nSID, pValues) || nIndex < 0 || nIndex >= pValues->GetSize())
-        return kNoValue;
+        return AI_NO_VALUE;
     return pValues->GetAt(nIndex);
 }
 
