@@ -5,28 +5,6 @@
 
 using LoadCommands = ObjectsTest;
 
-TEST_F(LoadCommands, BlocksListTheirDirectivesAndBranches)
-{
-    unsigned int nSID = AI_AddConstant("limit", 0);
-    auto list = [nSID](int nValue) { return Commands({new AI_CDefconstCommand(nSID, nValue, nullptr)}); };
-    ExpectRows<std::string>({
-        {Listing(AI_CBlock(1, kSmallMap, list(1), list(2)), 1),
-         "\t#load-if-defined SMALL-MAP\n\n"
-         "\t\t(defconst limit 1)\n\n"
-         "\t#else ; SMALL-MAP\n\n"
-         "\t\t(defconst limit 2)\n\n"
-         "\t#end-if ; SMALL-MAP\n"},
-        {Listing(AI_CBlock(0, kSmallMap, list(1), Commands({}))),
-         "#load-if-not-defined SMALL-MAP\n\n"
-         "\t(defconst limit 1)\n\n"
-         "#else ; not SMALL-MAP\n\n"
-         "#end-if ; not SMALL-MAP\n"},
-        {Listing(AI_CBlock(0, kDeathMatch, Commands({}), nullptr)),
-         "#load-if-not-defined DEATH-MATCH\n\n#end-if ; not DEATH-MATCH\n"},
-        {Listing(AI_CBlock(1, 105, Commands({}), nullptr)), "#load-if-defined \n\n#end-if ; \n"},  // unnamed SID
-    });
-}
-
 // Loads pass or fail with their loaded list and fail without one. A block
 // checks the branch its flag names; the define is not evaluated (SMALL-MAP
 // holds with the default settings, DEATH-MATCH does not).

@@ -30,20 +30,6 @@ TEST_F(Strategy, EvaluatesDefinesOnItsOwnCopyOfTheSettings)
     EXPECT_EQ("strategy:  ()", Describe(*pStrategy));
 }
 
-TEST_F(Strategy, ExtraFilesAreKeptInOrderWithDuplicates)
-{
-    AI_CStrategy strategy("s", "m", DefaultSettings());
-    EXPECT_EQ(0, strategy.AddFilename("a"));
-    EXPECT_EQ(1, strategy.AddFilename("a"));
-    EXPECT_EQ(2, strategy.AddFilename("b"));
-    ASSERT_EQ(3, strategy.GetFilenames().GetSize());
-    EXPECT_STREQ("a", strategy.Filename(1));
-    EXPECT_STREQ("b", strategy.Filename(2));
-    strategy.DeleteFilenames();
-    EXPECT_EQ(0, strategy.GetFilenames().GetSize());
-    EXPECT_EQ(0, strategy.AddFilename("c"));
-}
-
 TEST_F(Strategy, ConstantValuesAreRecordedInOrderAndDeleted)
 {
     AI_CStrategy strategy("s", "m", DefaultSettings());
