@@ -66,7 +66,7 @@ bool OnSet(CliOptions &options, char const *value, std::string &error)
                 " (expected a decimal integer)";
         return false;
     }
-    options.settings.*field->pMember = static_cast<int>(number);
+    options.settings.*field->pField = static_cast<int>(number);
     return true;
 }
 

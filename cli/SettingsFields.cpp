@@ -2,66 +2,26 @@
 
 #include <cstring>
 
-namespace {
-
-SettingsField const s_fields[] = {
-    {"bDeathMatch", &AI_GameSettings::bDeathMatch},
-    {"bRegicide", &AI_GameSettings::bRegicide},
-    {"nStartingAge", &AI_GameSettings::nStartingAge},
-    {"nStartingResources", &AI_GameSettings::nStartingResources},
-    {"nMapSize", &AI_GameSettings::nMapSize},
-    {"nMapType", &AI_GameSettings::nMapType},
-    {"nVictoryCondition", &AI_GameSettings::nVictoryCondition},
-    {"nDifficulty", &AI_GameSettings::nDifficulty},
-    {"nPopulationCap", &AI_GameSettings::nPopulationCap},
-    {"bGameSpeedLocked", &AI_GameSettings::bGameSpeedLocked},
-    {"bTeamsLocked", &AI_GameSettings::bTeamsLocked},
-    {"nCiv", &AI_GameSettings::nCiv},
-};
-
-// Define SIDs come in groups, one per field. A single-SID group is a flag
-// (holds when its field is not 0); in a wider group the SID's distance from
-// the group's first SID is the field value that makes it hold.
-struct DefineGroup
-{
-    unsigned int nFirst;
-    unsigned int nLast;
-    int AI_GameSettings::*pMember;
-};
-
-DefineGroup const s_groups[] = {
-    {100, 100, &AI_GameSettings::bDeathMatch},
-    {101, 101, &AI_GameSettings::bRegicide},
-    {110, 119, &AI_GameSettings::nStartingAge},
-    {120, 129, &AI_GameSettings::nStartingResources},
-    {130, 139, &AI_GameSettings::nMapSize},
-    {140, 159, &AI_GameSettings::nMapType},
-    {160, 169, &AI_GameSettings::nVictoryCondition},
-    {170, 179, &AI_GameSettings::nDifficulty},
-    {180, 189, &AI_GameSettings::nPopulationCap},
-    {190, 190, &AI_GameSettings::bGameSpeedLocked},
-    {200, 200, &AI_GameSettings::bTeamsLocked},
-    {210, 229, &AI_GameSettings::nCiv},
-};
-
-} // namespace
-
 SettingsField const *FindSettingsField(char const *name)
 {
-    for (SettingsField const &field : s_fields)
-        if (std::strcmp(field.szName, name) == 0)
-            return &field;
+    int nCount = 0;
+    AI_SettingsField const *pFields = AI_SettingsFields(&nCount);
+    for (int i = 0; i < nCount; ++i)
+        if (std::strcmp(pFields[i].pszName, name) == 0)
+            return &pFields[i];
     return nullptr;
 }
 
 bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings)
 {
-    for (DefineGroup const &group : s_groups)
+    int nCount = 0;
+    AI_SettingsField const *pFields = AI_SettingsFields(&nCount);
+    for (int i = 0; i < nCount; ++i)
     {
-        if (nSID < group.nFirst || nSID > group.nLast)
+        AI_SettingsField const &field = pFields[i];
+        if (nSID < field.nFirstDefine || nSID > field.nLastDefine)
             continue;
-        bool const bFlag = group.nFirst == group.nLast;
-        settings.*group.pMember = bFlag ? 1 : static_cast<int>(nSID - group.nFirst);
+        settings.*field.pField = field.IsFlag() ? 1 : static_cast<int>(nSID - field.nFirstDefine);
         return true;
     }
     return false;
