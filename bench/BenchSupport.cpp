@@ -9,7 +9,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "platform/BlockPool.h"
 
 // Every allocation of the program goes through these, so that an analysis
 // can be charged with the number of objects it allocates.
@@ -82,7 +81,7 @@ double PeakRssMiB()
 long long HeapInUse()
 {
     struct mallinfo2 info = mallinfo2();
-    return static_cast<long long>(info.uordblks + info.hblkhd + platform::BlockBytesInUse());
+    return static_cast<long long>(info.uordblks + info.hblkhd);
 }
 
 }  // namespace bench

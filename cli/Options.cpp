@@ -68,7 +68,7 @@ bool OnSet(CliOptions &options, char const *value, std::string &error)
                 " (expected a decimal integer)";
         return false;
     }
-    options.settings.*field->pMember = static_cast<int>(number);
+    options.settings.*field->pField = static_cast<int>(number);
     return true;
 }
 
@@ -275,10 +275,10 @@ bool CheckSettingsRanges(AI_GameSettings const &settings, std::string &error)
     for (SettingsField const &field : AllSettingsFields())
     {
         ValueRange const range = FieldRange(field);
-        int const value = settings.*field.pMember;
+        int const value = settings.*field.pField;
         if (value < range.nMin || value > range.nMax)
         {
-            error = "value " + std::to_string(value) + " out of range for " + field.szName + " (expected " +
+            error = "value " + std::to_string(value) + " out of range for " + field.pszName + " (expected " +
                     std::to_string(range.nMin) + " to " + std::to_string(range.nMax) + ")";
             return false;
         }

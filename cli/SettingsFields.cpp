@@ -5,106 +5,47 @@
 #include <iomanip>
 #include <ostream>
 
-namespace {
-
-SettingsField const s_fields[] = {
-    {"bDeathMatch", &AI_GameSettings::bDeathMatch},
-    {"bRegicide", &AI_GameSettings::bRegicide},
-    {"nStartingAge", &AI_GameSettings::nStartingAge},
-    {"nStartingResources", &AI_GameSettings::nStartingResources},
-    {"nMapSize", &AI_GameSettings::nMapSize},
-    {"nMapType", &AI_GameSettings::nMapType},
-    {"nVictoryCondition", &AI_GameSettings::nVictoryCondition},
-    {"nDifficulty", &AI_GameSettings::nDifficulty},
-    {"nPopulationCap", &AI_GameSettings::nPopulationCap},
-    {"bGameSpeedLocked", &AI_GameSettings::bGameSpeedLocked},
-    {"bTeamsLocked", &AI_GameSettings::bTeamsLocked},
-    {"nCiv", &AI_GameSettings::nCiv},
-};
-
-// Define SIDs come in groups, one per field. A single-SID group is a flag
-// (holds when its field is not 0); in a wider group the SID's distance from
-// the group's first SID is the field value that makes it hold.
-struct DefineGroup
+SettingsFieldList AllSettingsFields()
 {
-    unsigned int nFirst;
-    unsigned int nLast;
-    int AI_GameSettings::*pMember;
-};
-
-DefineGroup const s_groups[] = {
-    {100, 100, &AI_GameSettings::bDeathMatch},
-    {101, 101, &AI_GameSettings::bRegicide},
-    {110, 119, &AI_GameSettings::nStartingAge},
-    {120, 129, &AI_GameSettings::nStartingResources},
-    {130, 139, &AI_GameSettings::nMapSize},
-    {140, 159, &AI_GameSettings::nMapType},
-    {160, 169, &AI_GameSettings::nVictoryCondition},
-    {170, 179, &AI_GameSettings::nDifficulty},
-    {180, 189, &AI_GameSettings::nPopulationCap},
-    {190, 190, &AI_GameSettings::bGameSpeedLocked},
-    {200, 200, &AI_GameSettings::bTeamsLocked},
-    {210, 229, &AI_GameSettings::nCiv},
-};
-
-DefineGroup const *GroupOf(SettingsField const &field)
-{
-    for (DefineGroup const &group : s_groups)
-        if (group.pMember == field.pMember)
-            return &group;
-    return nullptr;
+    int nCount = 0;
+    AI_SettingsField const *pFields = AI_SettingsFields(&nCount);
+    return {pFields, pFields + nCount};
 }
-
-bool IsFlag(DefineGroup const &group)
-{
-    return group.nFirst == group.nLast;
-}
-
-} // namespace
 
 SettingsField const *FindSettingsField(char const *name)
 {
-    for (SettingsField const &field : s_fields)
-        if (std::strcmp(field.szName, name) == 0)
+    for (SettingsField const &field : AllSettingsFields())
+        if (std::strcmp(field.pszName, name) == 0)
             return &field;
     return nullptr;
 }
 
 bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings)
 {
-    for (DefineGroup const &group : s_groups)
-    {
-        if (nSID < group.nFirst || nSID > group.nLast)
+    for (SettingsField const &field : AllSettingsFields()) {
+        if (nSID < field.nFirstDefine || nSID > field.nLastDefine)
             continue;
-        bool const bFlag = group.nFirst == group.nLast;
-        settings.*group.pMember = bFlag ? 1 : static_cast<int>(nSID - group.nFirst);
+        settings.*field.pField = field.IsFlag() ? 1 : static_cast<int>(nSID - field.nFirstDefine);
         return true;
     }
     return false;
 }
 
-SettingsFieldList AllSettingsFields()
-{
-    return {std::begin(s_fields), std::end(s_fields)};
-}
-
 std::string SettingsFieldNames()
 {
     std::string names;
-    for (SettingsField const &field : s_fields)
-        names += (names.empty() ? "" : ", ") + std::string(field.szName);
+    for (SettingsField const &field : AllSettingsFields())
+        names += (names.empty() ? "" : ", ") + std::string(field.pszName);
     return names;
 }
 
 std::vector<DefineWord> DefineWords(SettingsField const &field)
 {
     std::vector<DefineWord> words;
-    DefineGroup const *group = GroupOf(field);
-    for (unsigned int nSID = group ? group->nFirst : 1; group && nSID <= group->nLast; ++nSID)
-    {
+    for (unsigned int nSID = field.nFirstDefine; nSID <= field.nLastDefine; ++nSID) {
         if (!AI_IsDefine(nSID))
             continue;
-        int const nValue = IsFlag(*group) ? 1 : static_cast<int>(nSID - group->nFirst);
+        int const nValue = field.IsFlag() ? 1 : static_cast<int>(nSID - field.nFirstDefine);
         words.push_back({static_cast<char const *>(AI_String(nSID)), nValue});
     }
     return words;
@@ -113,9 +54,7 @@ std::vector<DefineWord> DefineWords(SettingsField const &field)
 ValueRange FieldRange(SettingsField const &field)
 {
     ValueRange range{0, 1};
-    DefineGroup const *group = GroupOf(field);
-    if (group && !IsFlag(*group))
-    {
+    if (!field.IsFlag()) {
         range.nMax = 0;
         for (DefineWord const &word : DefineWords(field))
             range.nMax = std::max(range.nMax, word.nValue);
@@ -127,14 +66,12 @@ void WriteSettingsList(std::ostream &out)
 {
     out << std::left << std::setw(20) << "field" << std::setw(9) << "default" << std::setw(9) << "range"
         << "define words (value)\n";
-    for (SettingsField const &field : s_fields)
-    {
+    for (SettingsField const &field : AllSettingsFields()) {
         ValueRange const range = FieldRange(field);
-        out << std::setw(20) << field.szName << std::setw(9) << AI_gsSettings.*field.pMember << std::setw(9)
+        out << std::setw(20) << field.pszName << std::setw(9) << AI_gsSettings.*field.pField << std::setw(9)
             << (std::to_string(range.nMin) + ".." + std::to_string(range.nMax));
         char const *separator = "";
-        for (DefineWord const &word : DefineWords(field))
-        {
+        for (DefineWord const &word : DefineWords(field)) {
             out << separator << word.strWord << " (" << word.nValue << ")";
             separator = ", ";
         }

@@ -8,11 +8,7 @@
 
 #include "stratagem.h"
 
-struct SettingsField
-{
-    char const *szName;                  // as in the record: "bDeathMatch" ...
-    int AI_GameSettings::*pMember;
-};
+typedef AI_SettingsField SettingsField;
 
 // The field called exactly `name`, or null.
 SettingsField const *FindSettingsField(char const *name);

@@ -2,6 +2,7 @@
 // or with --check report every problem of one or more strategies.
 // Exit status: 0 success, 1 the analysis failed (or found errors), 2 bad
 // command line.
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <memory>
@@ -34,60 +35,31 @@ void RegisterVocabulary()
     AI_AddParams();
 }
 
-// The exception's own one-line message. Messages quote script text, so they
-// can be long: the buffer grows until the whole message fits.
-std::string ErrorText(CException &exception)
+// Writes the exception's own one-line message. Messages quote script text,
+// so they can be long: a larger buffer is tried when the first is too small,
+// and the line is written as far as it fits when there is no room for one.
+void ReportError(CException &exception)
 {
-    std::vector<char> buffer(1024);
-    for (;;)
-    {
-        buffer[0] = '\0';
-        exception.GetErrorMessage(buffer.data(), static_cast<UINT>(buffer.size()), nullptr);
-        std::string const text(buffer.data());
-        if (text.size() + 1 < buffer.size() || buffer.size() >= (1u << 24))
-            return text.empty() ? "stratagem: the analysis failed" : text;
-        buffer.resize(buffer.size() * 2);
-    }
-}
-
-// Runs the analysis; on failure `message` holds the line for the user.
-bool Analyze(AI_CStrategy &strategy, std::string &message)
-{
+    char szMessage[1024] = "";
+    exception.GetErrorMessage(szMessage, sizeof szMessage, nullptr);
+    std::vector<char> longer;
     try
     {
-        strategy.Analyze();
-        return true;
-    }
-    catch (CException *exception)
-    {
-        message = ErrorText(*exception);
-        delete exception;
-    }
-    catch (std::exception const &exception)
-    {
-        message = std::string("stratagem: ") + exception.what();
-    }
-    return false;
-}
-
-// The check reports script errors as diagnostics; what it throws is an
-// allocation failure, which ends the run as it ends an analysis.
-int Check(CliOptions const &options)
-{
-    try
-    {
-        return RunCheck(options);
-    }
-    catch (CException *exception)
-    {
-        std::cerr << ErrorText(*exception) << std::endl;
-        delete exception;
+        for (std::size_t nSize = 2 * sizeof szMessage; nSize <= (1u << 24); nSize *= 2)
+        {
+            char const *pszLast = longer.empty() ? szMessage : longer.data();
+            if (std::strlen(pszLast) + 1 < nSize / 2)
+                break;
+            longer.assign(nSize, '\0');
+            exception.GetErrorMessage(longer.data(), static_cast<UINT>(nSize), nullptr);
+        }
     }
     catch (std::bad_alloc const &)
     {
-        std::cerr << "Out of memory." << std::endl;
+        longer.clear();
     }
-    return EXIT_ANALYSIS_FAILED;
+    char const *pszMessage = longer.empty() ? szMessage : longer.data();
+    std::cerr << (*pszMessage ? pszMessage : "stratagem: the analysis failed") << std::endl;
 }
 
 // Nothing reaches stdout unless the analysis succeeded.
@@ -101,12 +73,7 @@ int Run(CliOptions const &options)
     if (options.bSeed)
         crt::srand(options.nSeed);
 
-    std::string message;
-    if (!Analyze(*strategy, message))
-    {
-        std::cerr << message << std::endl;
-        return EXIT_ANALYSIS_FAILED;
-    }
+    strategy->Analyze();
 
     BlockOutputBuf buffer(STDOUT_FILENO);
     std::ostream out(&buffer);
@@ -144,15 +111,35 @@ int Dispatch(int argc, char const *const argv[])
     case CliCommand::Analyze:
         break;
     }
-    return options.bCheck ? Check(options) : Run(options);
+    return options.bCheck ? RunCheck(options) : Run(options);
 }
 
 } // namespace
 
+// A failure anywhere (the analysis, the vocabulary, the output, the host's
+// own allocations) ends the run with its one line on the error stream.
 int main(int argc, char *argv[])
 {
-    RegisterVocabulary();
-    int const status = Dispatch(argc, argv);
+    int status = EXIT_ANALYSIS_FAILED;
+    try
+    {
+        RegisterVocabulary();
+        status = Dispatch(argc, argv);
+    }
+    catch (CException *exception)
+    {
+        ReportError(*exception);
+        exception->Delete();
+    }
+    catch (std::bad_alloc const &)
+    {
+        CMemoryException exception;
+        ReportError(exception);
+    }
+    catch (std::exception const &exception)
+    {
+        std::cerr << "stratagem: " << exception.what() << std::endl;
+    }
     AI_DeleteAll();
     return status;
 }

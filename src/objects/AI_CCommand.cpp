@@ -2,7 +2,6 @@
 
 #include <ostream>
 
-#include "../platform/BlockPool.h"
 #include "../vocabulary/AI_Registry.h"
 #include "../vocabulary/AI_Vocabulary.h"
 #include "AI_CAction.h"
@@ -33,26 +32,6 @@ void AI_CCommand::Load() {}
 int AI_CCommand::IsLoaded() const
 {
     return 1;
-}
-
-void *AI_CCommand::operator new(std::size_t nSize)
-{
-    return platform::AllocateBlock(nSize, platform::kCommandBlocks);
-}
-
-void *AI_CCommand::operator new(std::size_t nSize, std::nothrow_t const &) noexcept
-{
-    return platform::AllocateBlockOrNull(nSize, platform::kCommandBlocks);
-}
-
-void AI_CCommand::operator delete(void *p, std::size_t nSize) noexcept
-{
-    platform::FreeBlock(p, nSize);
-}
-
-void AI_CCommand::operator delete(void *p, std::nothrow_t const &) noexcept
-{
-    platform::FreeBlockOfUnknownSize(p);
 }
 
 // ---- AI_CDefruleCommand -------------------------------------------------

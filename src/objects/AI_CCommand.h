@@ -28,13 +28,6 @@ public:
     virtual void Load();
     // Nonzero when Load has nothing left to do.
     virtual int IsLoaded() const;
-
-    // Commands are walked one after the other when their file is loaded,
-    // listed and freed: they come from a stream of blocks of their own.
-    static void *operator new(std::size_t nSize);
-    static void *operator new(std::size_t nSize, std::nothrow_t const &) noexcept;
-    static void operator delete(void *p, std::size_t nSize) noexcept;
-    static void operator delete(void *p, std::nothrow_t const &) noexcept;
 };
 
 class STRATAGEM_API AI_CDefruleCommand : public AI_CCommand

@@ -9,13 +9,10 @@
 
 namespace {
 
-// The runtime generator's range: 0 to 32767.
-double const kRandMax = 32767;
-
 // Maps one draw onto 0..100; 100 only for the largest draw.
 int Percent(int nDraw)
 {
-    return static_cast<int>(nDraw * (1.0 / kRandMax) * 100.0);
+    return static_cast<int>(nDraw * (1.0 / crt::kRandMax) * 100.0);
 }
 
 // The file of the first option whose share holds x: the first option takes

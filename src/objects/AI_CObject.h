@@ -29,13 +29,6 @@ public:
     // Writes one tab per level; nothing for a level of 0 or less.
     void Offset(std::ostream &, int) const;
 
-    // Script objects are small and made by the hundred thousand: they come
-    // from the block pool. The nothrow form answers null when memory is out.
-    static void *operator new(std::size_t nSize);
-    static void *operator new(std::size_t nSize, std::nothrow_t const &) noexcept;
-    static void operator delete(void *p, std::size_t nSize) noexcept;
-    // Used only when a constructor throws after the nothrow form.
-    static void operator delete(void *p, std::nothrow_t const &) noexcept;
 };
 
 #endif

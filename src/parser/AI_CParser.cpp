@@ -47,13 +47,23 @@ void AI_CParser::EnableExpandBlocks(int bExpandBlocks)
 
 CObject *AI_CParser::Remember(CObject *pObject)
 {
-    m_lstObjects.AddTail(pObject);
+    try {
+        m_lstObjects.AddTail(pObject);
+    } catch (...) {
+        delete pObject;  // nobody else holds it yet
+        throw;
+    }
     return pObject;
 }
 
 CString *AI_CParser::Remember(CString *pString)
 {
-    m_lstStrings.AddTail(pString);
+    try {
+        m_lstStrings.AddTail(pString);
+    } catch (...) {
+        delete pString;  // nobody else holds it yet
+        throw;
+    }
     return pString;
 }
 

@@ -116,7 +116,7 @@ protected:
 private:
     void CheckParams(AI_CFunction const *pFunction, AI_CExprList *pExpressions);
 
-    // Remembers a new object and forgets the children it now owns.
+    // Forgets the children a new object now owns and remembers the object.
     template <class T, class... Owned>
     T *Keep(T *pObject, Owned *...pOwned);
     // Adds an element to a list, making the list for the first element; the

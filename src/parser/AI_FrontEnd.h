@@ -103,6 +103,25 @@ void AI_ScanStart(FILE *pStream);
 // that a parse that ended anywhere (inside a string too) leaves no trace.
 void AI_ScanReset(FILE *pStream);
 
+// Reads one script file: opens it, makes it the scanner's input and runs the
+// work over it; however the work ends, the scanner is left clean and the
+// file closed. The parse and the bare token count both read files so.
+template <class WORK>
+auto AI_ReadScript(char const *pszFilename, WORK const &work)
+{
+    struct Closer
+    {
+        FILE *pFile;
+        ~Closer()
+        {
+            AI_ScanReset(pFile);
+            std::fclose(pFile);
+        }
+    } const closer{AI_OpenScript(pszFilename)};
+    AI_ScanStart(closer.pFile);
+    return work();
+}
+
 // Sets the state above for a new file: this parser, this name, line 1.
 void AI_BeginFile(AI_CParser *pParser, char const *pszFilename);
 

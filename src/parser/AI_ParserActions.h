@@ -11,13 +11,15 @@
 #include "AI_FrontEnd.h"
 #include "AI_Grammar.tab.h"
 
-// Remembering the new object first means the parser's cleanup frees it, and
-// through it its children, whatever happens next.
+// The new object owns its parts from now on: the parser forgets them and
+// remembers the object instead, so that its cleanup frees the object, and
+// through it its parts, whatever happens next. Forgetting cannot fail;
+// remembering frees the object when there is no room for it.
 template <class T, class... Owned>
 T *AI_CParser::Keep(T *pObject, Owned *...pOwned)
 {
-    Remember(pObject);
     (Forget(pOwned), ...);
+    Remember(pObject);
     return pObject;
 }
 

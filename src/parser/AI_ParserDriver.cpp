@@ -25,17 +25,6 @@ FILE *AI_OpenScript(char const *pszFilename)
     return pFile;
 }
 
-namespace {
-
-// The scanner keeps nothing of a file once it is closed.
-void EndFile(FILE *pFile)
-{
-    AI_ScanReset(pFile);
-    std::fclose(pFile);
-}
-
-}  // namespace
-
 AI_CCommandList *AI_CParser::Parse(char const *pszFilename)
 {
     if (AI_CCommandList *pCommands = m_pStrategy->CommandList(pszFilename))
@@ -48,26 +37,20 @@ AI_CCommandList *AI_CParser::Parse(char const *pszFilename)
     m_strExtension = strExtension;
 
     AI_BeginFile(this, pszFilename);
-    FILE *pFile = AI_OpenScript(pszFilename);
 
     // A parse that fails frees its partial tree exactly once.
-    auto abandon = [&] {
-        EndFile(pFile);
-        DeleteObjects();
-        DeleteStrings();
-    };
     int nStatus;
     try {
-        AI_ScanStart(pFile);
-        nStatus = ai_yyparse();
+        nStatus = AI_ReadScript(pszFilename, [] { return ai_yyparse(); });
     } catch (CException *pException) {
-        abandon();
+        DeleteObjects();
+        DeleteStrings();
         throw pException;  // typed as the base class, as hosts catch it
     } catch (...) {
-        abandon();
+        DeleteObjects();
+        DeleteStrings();
         throw;
     }
-    EndFile(pFile);
 
     // On acceptance the only object remembered is the file's command list.
     if (nStatus != 0 || m_lstObjects.IsEmpty()) {
@@ -76,7 +59,13 @@ AI_CCommandList *AI_CParser::Parse(char const *pszFilename)
         return nullptr;
     }
     AI_CCommandList *pCommands = static_cast<AI_CCommandList *>(m_lstObjects.GetHead());
+    try {
+        m_pStrategy->AddCommandList(pszFilename, pCommands);
+    } catch (...) {
+        DeleteObjects();  // no room to store the list: it goes with the parse
+        DeleteStrings();
+        throw;
+    }
     m_lstObjects.RemoveAll();
-    m_pStrategy->AddCommandList(pszFilename, pCommands);
     return pCommands;
 }

@@ -10,13 +10,13 @@ IMPLEMENT_DYNAMIC(CFileException, CException)
 
 CException::~CException() = default;
 
-BOOL CException::CopyMessage(CString const &message, LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)
+BOOL CException::CopyMessage(LPCTSTR pszMessage, LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)
 {
     if (pnHelpContext)
         *pnHelpContext = 0;
     if (!lpszError || nMaxError == 0)
         return FALSE;
-    std::strncpy(lpszError, message, nMaxError);
+    std::strncpy(lpszError, pszMessage, nMaxError);
     lpszError[nMaxError - 1] = '\0';
     return TRUE;
 }
@@ -42,6 +42,36 @@ int CException::ReportError(UINT, UINT)
 void CException::Delete()
 {
     delete this;
+}
+
+namespace {
+
+int const kReservedExceptions = 4;
+alignas(CMemoryException) unsigned char g_aReserve[kReservedExceptions][sizeof(CMemoryException)];
+bool g_abReserveTaken[kReservedExceptions];
+
+}  // namespace
+
+void *CMemoryException::operator new(std::size_t nSize) noexcept
+{
+    if (void *p = ::operator new(nSize, std::nothrow))
+        return p;
+    for (int i = 0; i < kReservedExceptions; ++i)
+        if (!g_abReserveTaken[i]) {
+            g_abReserveTaken[i] = true;
+            return g_aReserve[i];
+        }
+    return nullptr;
+}
+
+void CMemoryException::operator delete(void *p) noexcept
+{
+    for (int i = 0; i < kReservedExceptions; ++i)
+        if (p == g_aReserve[i]) {
+            g_abReserveTaken[i] = false;
+            return;
+        }
+    ::operator delete(p);
 }
 
 BOOL CMemoryException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext)

@@ -6,6 +6,7 @@
 
 #include "CObject.h"
 #include "CString.h"
+#include "memory.h"
 
 class STRATAGEM_API CException : public CObject
 {
@@ -24,7 +25,7 @@ public:
 
 protected:
     // Shared by the subclasses: copy a message into a caller's buffer.
-    static BOOL CopyMessage(CString const &message, LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext);
+    static BOOL CopyMessage(LPCTSTR pszMessage, LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext);
 };
 
 class STRATAGEM_API CMemoryException : public CException
@@ -33,6 +34,11 @@ class STRATAGEM_API CMemoryException : public CException
 public:
     CMemoryException() = default;
     BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = nullptr) override;
+
+    // Memory exceptions are made when the heap may have no room left: when
+    // it has none, one of a few held in reserve serves.
+    static void *operator new(std::size_t nSize) noexcept;
+    static void operator delete(void *p) noexcept;
 };
 
 class STRATAGEM_API CFileException : public CException
@@ -73,6 +79,5 @@ public:
 };
 
 [[noreturn]] STRATAGEM_API void AfxThrowFileException(int cause, LONG lOsError = -1, LPCTSTR lpszFileName = nullptr);
-[[noreturn]] STRATAGEM_API void AfxThrowMemoryException();
 
 #endif

@@ -4,14 +4,13 @@
 #ifndef STRATAGEM_PLATFORM_COBLIST_H
 #define STRATAGEM_PLATFORM_COBLIST_H
 
-#include <new>
-
-#include "BlockPool.h"
 #include "CObject.h"
+#include "memory.h"
 
-// The shared list machinery; POSITION is a node pointer. Nodes come from
-// the block pool: lists are many and short, and the parser adds and removes
-// a node for every object it builds.
+// The shared list machinery; POSITION is a node pointer. As in the class
+// library, a removed node is kept for the list's next insertion (the parser
+// remembers and forgets an object for every one it builds), and the nodes
+// are freed when the list is emptied or destroyed.
 template <class ELEMENT>
 class CPointerList
 {
@@ -21,18 +20,6 @@ class CPointerList
         CNode *pPrev;
         ELEMENT data;
     };
-
-    // The nodes a list gets once it is long come from a stream of their own.
-    CNode *NewNode() const
-    {
-        platform::BlockStream const nStream = m_nCount < kShort ? platform::kGeneralBlocks : platform::kLongListNodes;
-        return new (platform::AllocateBlock(sizeof(CNode), nStream)) CNode;
-    }
-    static void DeleteNode(CNode *pNode)
-    {
-        pNode->~CNode();
-        platform::FreeBlock(pNode, sizeof(CNode));
-    }
 
 public:
     CPointerList() = default;
@@ -51,59 +38,17 @@ public:
     POSITION GetHeadPosition() const { return m_pHead; }
     POSITION GetTailPosition() const { return m_pTail; }
 
-    ELEMENT &GetNext(POSITION &rPosition)
-    {
-        CNode *pNode = static_cast<CNode *>(rPosition);
-        rPosition = pNode->pNext;
-        return pNode->data;
-    }
-    ELEMENT GetNext(POSITION &rPosition) const
-    {
-        CNode *pNode = static_cast<CNode *>(rPosition);
-        rPosition = pNode->pNext;
-        return pNode->data;
-    }
-    ELEMENT &GetPrev(POSITION &rPosition)
-    {
-        CNode *pNode = static_cast<CNode *>(rPosition);
-        rPosition = pNode->pPrev;
-        return pNode->data;
-    }
-    ELEMENT GetPrev(POSITION &rPosition) const
-    {
-        CNode *pNode = static_cast<CNode *>(rPosition);
-        rPosition = pNode->pPrev;
-        return pNode->data;
-    }
-    ELEMENT &GetAt(POSITION position) { return static_cast<CNode *>(position)->data; }
-    ELEMENT GetAt(POSITION position) const { return static_cast<CNode *>(position)->data; }
-    void SetAt(POSITION position, ELEMENT newElement) { static_cast<CNode *>(position)->data = newElement; }
+    ELEMENT &GetNext(POSITION &rPosition) { return Step(rPosition, &CNode::pNext); }
+    ELEMENT GetNext(POSITION &rPosition) const { return Step(rPosition, &CNode::pNext); }
+    ELEMENT &GetPrev(POSITION &rPosition) { return Step(rPosition, &CNode::pPrev); }
+    ELEMENT GetPrev(POSITION &rPosition) const { return Step(rPosition, &CNode::pPrev); }
 
     POSITION AddTail(ELEMENT newElement)
     {
         CNode *pNode = NewNode();
-        pNode->data = newElement;
-        pNode->pNext = nullptr;
-        pNode->pPrev = m_pTail;
-        if (m_pTail)
-            m_pTail->pNext = pNode;
-        else
-            m_pHead = pNode;
+        *pNode = CNode{{}, nullptr, m_pTail, newElement};
+        (m_pTail ? m_pTail->pNext : m_pHead) = pNode;
         m_pTail = pNode;
-        ++m_nCount;
-        return pNode;
-    }
-    POSITION AddHead(ELEMENT newElement)
-    {
-        CNode *pNode = NewNode();
-        pNode->data = newElement;
-        pNode->pPrev = nullptr;
-        pNode->pNext = m_pHead;
-        if (m_pHead)
-            m_pHead->pPrev = pNode;
-        else
-            m_pTail = pNode;
-        m_pHead = pNode;
         ++m_nCount;
         return pNode;
     }
@@ -116,36 +61,24 @@ public:
             AddTail(pNode->data);
     }
 
-    ELEMENT RemoveHead()
-    {
-        CNode *pNode = m_pHead;
-        ELEMENT data = pNode->data;
-        RemoveAt(pNode);
-        return data;
-    }
-    ELEMENT RemoveTail()
-    {
-        CNode *pNode = m_pTail;
-        ELEMENT data = pNode->data;
-        RemoveAt(pNode);
-        return data;
-    }
     void RemoveAt(POSITION position)
     {
         CNode *pNode = static_cast<CNode *>(position);
         (pNode->pPrev ? pNode->pPrev->pNext : m_pHead) = pNode->pNext;
         (pNode->pNext ? pNode->pNext->pPrev : m_pTail) = pNode->pPrev;
-        DeleteNode(pNode);
+        pNode->pNext = m_pFree;
+        m_pFree = pNode;
         --m_nCount;
     }
     void RemoveAll()
     {
-        for (CNode *pNode = m_pHead; pNode;) {
-            CNode *pNext = pNode->pNext;
-            DeleteNode(pNode);
-            pNode = pNext;
-        }
-        m_pHead = m_pTail = nullptr;
+        for (CNode *pChain : {m_pHead, m_pFree})
+            for (CNode *pNode = pChain; pNode;) {
+                CNode *pNext = pNode->pNext;
+                delete pNode;
+                pNode = pNext;
+            }
+        m_pHead = m_pTail = m_pFree = nullptr;
         m_nCount = 0;
     }
 
@@ -159,22 +92,29 @@ public:
                 return pNode;
         return nullptr;
     }
-    POSITION FindIndex(INT_PTR nIndex) const
+
+private:
+    CNode *m_pHead = nullptr;
+    CNode *m_pTail = nullptr;
+    CNode *m_pFree = nullptr;  // removed nodes, for the next insertions
+    INT_PTR m_nCount = 0;
+
+    CNode *NewNode()
     {
-        if (nIndex < 0 || nIndex >= m_nCount)
-            return nullptr;
-        CNode *pNode = m_pHead;
-        while (nIndex--)
-            pNode = pNode->pNext;
+        CNode *pNode = m_pFree;
+        if (pNode)
+            m_pFree = pNode->pNext;
+        else if (!(pNode = new (std::nothrow) CNode))
+            AfxThrowMemoryException();
         return pNode;
     }
 
-private:
-    static INT_PTR const kShort = 8;  // a list this long or longer is long
-
-    CNode *m_pHead = nullptr;
-    CNode *m_pTail = nullptr;
-    INT_PTR m_nCount = 0;
+    static ELEMENT &Step(POSITION &rPosition, CNode *CNode::*pLink)
+    {
+        CNode *pNode = static_cast<CNode *>(rPosition);
+        rPosition = pNode->*pLink;
+        return pNode->data;
+    }
 };
 
 class CObList : public CPointerList<CObject *>

@@ -11,13 +11,18 @@ void CString::Format(LPCTSTR lpszFormat, ...)
     va_copy(measure, args);
     int const length = std::vsnprintf(nullptr, 0, lpszFormat, measure);
     va_end(measure);
-    if (length < 0) {
-        m_str.clear();
-    } else {
-        std::string text(static_cast<size_t>(length) + 1, '\0');
-        std::vsnprintf(&text[0], text.size(), lpszFormat, args);
-        text.resize(static_cast<size_t>(length));
-        m_str.swap(text);
+    std::string text;
+    bool bRoom = true;
+    try {
+        text.resize(length > 0 ? static_cast<size_t>(length) + 1 : 1);
+    } catch (std::bad_alloc const &) {
+        bRoom = false;
     }
+    if (bRoom && length > 0)
+        std::vsnprintf(&text[0], text.size(), lpszFormat, args);
     va_end(args);
+    if (!bRoom)
+        AfxThrowMemoryException();
+    text.resize(length > 0 ? static_cast<size_t>(length) : 0);
+    m_str.swap(text);
 }

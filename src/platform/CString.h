@@ -6,34 +6,43 @@
 #include <string>
 
 #include "export.h"
+#include "memory.h"
 #include "types.h"
 
 class STRATAGEM_API CString
 {
 public:
     CString() = default;
-    CString(LPCTSTR psz) : m_str(psz ? psz : "") {}
-    CString(LPCTSTR pch, int nLength) : m_str(pch ? std::string(pch, nLength) : std::string()) {}
-    CString(char ch, int nRepeat = 1) : m_str(nRepeat > 0 ? nRepeat : 0, ch) {}
-    CString(std::string str) : m_str(std::move(str)) {}
-    CString(CString const &) = default;
+    CString(LPCTSTR psz) { Assign(psz ? psz : "", -1); }
+    CString(LPCTSTR pch, int nLength) { Assign(pch ? pch : "", pch ? nLength : 0); }
+    CString(char ch, int nRepeat = 1)
+    {
+        platform::Allocating([&] { m_str.assign(nRepeat > 0 ? nRepeat : 0, ch); });
+    }
+    CString(CString const &other) { Assign(other.m_str.data(), other.GetLength()); }
     CString(CString &&) noexcept = default;
 
-    CString &operator=(CString const &) = default;
+    CString &operator=(CString const &other)
+    {
+        Assign(other.m_str.data(), other.GetLength());
+        return *this;
+    }
     CString &operator=(CString &&) noexcept = default;
-    CString &operator=(LPCTSTR psz) { m_str = psz ? psz : ""; return *this; }
-    CString &operator=(char ch) { m_str.assign(1, ch); return *this; }
+    CString &operator=(LPCTSTR psz)
+    {
+        Assign(psz ? psz : "", -1);
+        return *this;
+    }
 
-    CString &operator+=(CString const &s) { m_str += s.m_str; return *this; }
-    CString &operator+=(LPCTSTR psz) { if (psz) m_str += psz; return *this; }
-    CString &operator+=(char ch) { m_str += ch; return *this; }
+    CString &operator+=(CString const &s) { return Append(s.m_str.data(), s.GetLength()); }
+    CString &operator+=(LPCTSTR psz) { return Append(psz ? psz : "", -1); }
+    CString &operator+=(char ch) { return Append(&ch, 1); }
 
     int GetLength() const { return static_cast<int>(m_str.size()); }
     BOOL IsEmpty() const { return m_str.empty(); }
     void Empty() { m_str.clear(); }
     char GetAt(int nIndex) const { return m_str[nIndex]; }
     char operator[](int nIndex) const { return m_str[nIndex]; }
-    void SetAt(int nIndex, char ch) { m_str[nIndex] = ch; }
 
     operator LPCTSTR() const { return m_str.c_str(); }
     LPCTSTR GetString() const { return m_str.c_str(); }
@@ -48,6 +57,17 @@ public:
 
 private:
     std::string m_str;
+
+    // nLength -1: up to the terminating null.
+    void Assign(char const *pch, int nLength)
+    {
+        platform::Allocating([&] { nLength < 0 ? m_str.assign(pch) : m_str.assign(pch, nLength); });
+    }
+    CString &Append(char const *pch, int nLength)
+    {
+        platform::Allocating([&] { nLength < 0 ? m_str.append(pch) : m_str.append(pch, nLength); });
+        return *this;
+    }
 };
 
 inline CString operator+(CString const &a, CString const &b) { CString r(a); r += b; return r; }

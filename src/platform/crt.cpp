@@ -12,7 +12,7 @@ unsigned int g_randState = 1;
 int rand()
 {
     g_randState = g_randState * 214013u + 2531011u;
-    return static_cast<int>((g_randState >> 16) & 0x7FFF);
+    return static_cast<int>((g_randState >> 16) & kRandMax);
 }
 
 void srand(unsigned int seed)

@@ -10,6 +10,7 @@ namespace crt {
 
 // The original runtime's pseudo-random generator: one process-wide 32-bit
 // state, 1 at start; rand() yields 0 to 32767.
+int const kRandMax = 0x7FFF;
 STRATAGEM_API int rand();
 STRATAGEM_API void srand(unsigned int seed);
 

@@ -1,14 +1,10 @@
 #include "AI_CStrategy.h"
 
+#include <memory>
+
 #include "../objects/AI_CCommand.h"
 
 IMPLEMENT_DYNCREATE(AI_CStrategy, AI_CObject)
-
-namespace {
-
-int const kNoValue = static_cast<int>(0x80000000u);
-
-}  // namespace
 
 AI_CStrategy::AI_CStrategy() : m_gsSettings(AI_gsSettings) {}
 
@@ -55,15 +51,18 @@ int AI_CStrategy::Constant(unsigned int nSID, int nIndex) const
 {
     CArray<int, int> *pValues = nullptr;
     if (!m_mapConstants.Lookup(nSID, pValues) || nIndex < 0 || nIndex >= pValues->GetSize())
-        return kNoValue;
+        return AI_NO_VALUE;
     return pValues->GetAt(nIndex);
 }
 
 void AI_CStrategy::AddConstantValue(unsigned int nSID, int nValue)
 {
-    CArray<int, int> *&pValues = m_mapConstants[nSID];
-    if (!pValues)
-        pValues = new CArray<int, int>;
+    CArray<int, int> *pValues = nullptr;
+    if (!m_mapConstants.Lookup(nSID, pValues)) {
+        std::unique_ptr<CArray<int, int>> pNew(platform::Allocating([] { return new CArray<int, int>; }));
+        m_mapConstants.SetAt(nSID, pNew.get());
+        pValues = pNew.release();
+    }
     pValues->Add(nValue);
 }
 
@@ -87,12 +86,8 @@ void AI_CStrategy::DeleteConstants()
 // table right after.
 void AI_CStrategy::DestroyConstants()
 {
-    for (POSITION pos = m_mapConstants.GetStartPosition(); pos;) {
-        unsigned int nSID;
-        CArray<int, int> *pValues;
-        m_mapConstants.GetNextAssoc(pos, nSID, pValues);
-        delete pValues;
-    }
+    for (POSITION pos = m_mapConstants.GetStartPosition(); pos;)
+        delete m_mapConstants.GetNextValue(pos);
 }
 
 // ---- command lists ------------------------------------------------------------
@@ -121,12 +116,8 @@ void AI_CStrategy::DeleteCommandLists()
 // entries. Load commands only refer to the lists, so each is freed once.
 void AI_CStrategy::DestroyCommandLists()
 {
-    for (POSITION pos = m_mapCommandLists.GetStartPosition(); pos;) {
-        CString strFilename;
-        AI_CCommandList *pCommands;
-        m_mapCommandLists.GetNextAssoc(pos, strFilename, pCommands);
-        delete pCommands;
-    }
+    for (POSITION pos = m_mapCommandLists.GetStartPosition(); pos;)
+        delete m_mapCommandLists.GetNextValue(pos);
 }
 
 // ---- object interface -----------------------------------------------------------

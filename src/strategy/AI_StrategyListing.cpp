@@ -24,31 +24,24 @@ void CommentLine(std::ostream &os, int nLevel, char const *pszText)
     os << pszText << std::endl;
 }
 
-// One row of the settings section: a define is written when its condition
-// holds; the grouped fields always write the define their value selects.
-struct SettingsRow
-{
-    int AI_GameSettings::*pField;
-    unsigned int nBase;  // the define's SID, or the group's first SID
-    bool bFlag;          // written only when the field is nonzero
+// The order of the settings section: the civilization comes before the two
+// flags of fields 10 and 11.
+int AI_GameSettings::*const s_apListingOrder[] = {
+    &AI_GameSettings::bDeathMatch,   &AI_GameSettings::bRegicide,         &AI_GameSettings::nStartingAge,
+    &AI_GameSettings::nStartingResources, &AI_GameSettings::nMapSize,     &AI_GameSettings::nMapType,
+    &AI_GameSettings::nVictoryCondition,  &AI_GameSettings::nDifficulty,  &AI_GameSettings::nPopulationCap,
+    &AI_GameSettings::nCiv,          &AI_GameSettings::bGameSpeedLocked,  &AI_GameSettings::bTeamsLocked,
 };
 
-// The order of the listing: the civilization comes before the two flags of
-// fields 10 and 11.
-SettingsRow const s_aRows[] = {
-    {&AI_GameSettings::bDeathMatch, 100, true},
-    {&AI_GameSettings::bRegicide, 101, true},
-    {&AI_GameSettings::nStartingAge, 110, false},
-    {&AI_GameSettings::nStartingResources, 120, false},
-    {&AI_GameSettings::nMapSize, 130, false},
-    {&AI_GameSettings::nMapType, 140, false},
-    {&AI_GameSettings::nVictoryCondition, 160, false},
-    {&AI_GameSettings::nDifficulty, 170, false},
-    {&AI_GameSettings::nPopulationCap, 180, false},
-    {&AI_GameSettings::nCiv, 210, false},
-    {&AI_GameSettings::bGameSpeedLocked, 190, true},
-    {&AI_GameSettings::bTeamsLocked, 200, true},
-};
+AI_SettingsField const &FieldOf(int AI_GameSettings::*pField)
+{
+    int nCount = 0;
+    AI_SettingsField const *pFields = AI_SettingsFields(&nCount);
+    int i = 0;
+    while (i + 1 < nCount && pFields[i].pField != pField)
+        ++i;
+    return pFields[i];
+}
 
 }  // namespace
 
@@ -71,13 +64,16 @@ void AI_CStrategy::PrettyPrint(std::ostream &os, int nLevel) const
 void AI_CStrategy::PrettyPrintGameSettings(std::ostream &os, int nLevel) const
 {
     SectionHead(os, nLevel, "Game settings: ");
-    for (SettingsRow const &row : s_aRows) {
-        int nValue = m_gsSettings.*row.pField;
-        if (row.bFlag && !nValue)
+    // A flag's define is written when it holds; a grouped field always
+    // writes the define its value selects.
+    for (int AI_GameSettings::*pField : s_apListingOrder) {
+        AI_SettingsField const &field = FieldOf(pField);
+        int nValue = m_gsSettings.*pField;
+        if (field.IsFlag() && !nValue)
             continue;
         // Unsigned arithmetic: a value without a define gives a SID without
         // a name, and so an empty row.
-        unsigned int nSID = row.bFlag ? row.nBase : row.nBase + static_cast<unsigned int>(nValue);
+        unsigned int nSID = field.nFirstDefine + (field.IsFlag() ? 0u : static_cast<unsigned int>(nValue));
         CommentLine(os, nLevel, AI_String(nSID));
     }
 }

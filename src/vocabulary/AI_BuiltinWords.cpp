@@ -227,12 +227,12 @@ BuiltinWord const kParams[] = {
     {2215, "every-neutral"},
     {2216, "my-player-number"},
     // Relational operators (2300-2399)
-    {2300, "less-than"},
-    {2301, "less-or-equal"},
-    {2302, "greater-than"},
-    {2303, "greater-or-equal"},
-    {2304, "equal"},
-    {2305, "not-equal"},
+    {AI_SID_LESS_THAN, "less-than"},
+    {AI_SID_LESS_OR_EQUAL, "less-or-equal"},
+    {AI_SID_GREATER_THAN, "greater-than"},
+    {AI_SID_GREATER_OR_EQUAL, "greater-or-equal"},
+    {AI_SID_EQUAL, "equal"},
+    {AI_SID_NOT_EQUAL, "not-equal"},
     // Research items (2400-2599)
     {2400, "ri-arbalest"},
     {2401, "ri-crossbow"},

@@ -6,6 +6,18 @@
 
 #include "../platform/afx.h"
 
+// The SIDs of the relational operator params, which the grammar reads as
+// operator tokens.
+enum : unsigned int
+{
+    AI_SID_LESS_THAN = 2300,
+    AI_SID_LESS_OR_EQUAL = 2301,
+    AI_SID_GREATER_THAN = 2302,
+    AI_SID_GREATER_OR_EQUAL = 2303,
+    AI_SID_EQUAL = 2304,
+    AI_SID_NOT_EQUAL = 2305,
+};
+
 STRATAGEM_API void AI_AddFacts();
 STRATAGEM_API void AI_AddActions();
 STRATAGEM_API void AI_AddDefines();

@@ -10,21 +10,27 @@ unsigned int AI_AddConstant(char const *pszName, int nValue)
 {
     vocabulary::Registry &r = vocabulary::TheRegistry();
     unsigned int const nSID = r.nextConstant;
+    platform::Allocating([&] { r.values[nSID].assign(1, nValue); });
     vocabulary::Intern(pszName, nSID);
-    r.sids.SetValues(nSID, nValue);
     r.nextConstant = nSID + 1;
     return nSID;
 }
 
 void AI_AddConstantValue(unsigned int nSID, int nValue)
 {
-    vocabulary::TheRegistry().sids.AddValue(nSID, nValue);
+    std::unordered_map<unsigned int, std::vector<int>> &values = vocabulary::TheRegistry().values;
+    auto const it = values.find(nSID);
+    if (it != values.end())
+        platform::Allocating([&] { it->second.push_back(nValue); });
 }
 
 int AI_Constant(unsigned int nSID, int nIndex)
 {
-    int nValue = 0;
-    return vocabulary::TheRegistry().sids.Value(nSID, nIndex, nValue) ? nValue : AI_NO_VALUE;
+    std::unordered_map<unsigned int, std::vector<int>> const &values = vocabulary::TheRegistry().values;
+    auto const it = values.find(nSID);
+    if (it == values.end() || nIndex < 0 || static_cast<std::size_t>(nIndex) >= it->second.size())
+        return AI_NO_VALUE;
+    return it->second[static_cast<std::size_t>(nIndex)];
 }
 
 int AI_DeleteDefine(unsigned int nSID) { return vocabulary::Forget(nSID) ? 1 : 0; }
@@ -35,18 +41,14 @@ int AI_DeleteConstant(unsigned int nSID)
 {
     if (!vocabulary::Forget(nSID))
         return 0;
-    vocabulary::TheRegistry().sids.DropValues(nSID);
+    vocabulary::TheRegistry().values.erase(nSID);
     return 1;
 }
 
-// Which constant is forgotten first does not matter: forgetting a SID reads
-// only that SID's own name.
 void AI_DeleteConstants()
 {
     vocabulary::Registry &r = vocabulary::TheRegistry();
-    std::vector<unsigned int> const sids = r.sids.Constants();
-    for (unsigned int nSID : sids)
-        vocabulary::Forget(nSID);
-    for (unsigned int nSID : sids)
-        r.sids.DropValues(nSID);
+    for (auto const &entry : r.values)
+        vocabulary::Forget(entry.first);
+    r.values.clear();
 }

@@ -1,5 +1,7 @@
 // Emptying the whole registry: the tables that own something go first, then
 // the names. It sits above the symbol table and the tables built on it.
+#include <vector>
+
 #include "AI_Constants.h"
 #include "AI_FunctionTable.h"
 #include "AI_Registry.h"
@@ -11,6 +13,8 @@ void AI_DeleteAll()
     AI_DeleteActions();
     AI_DeleteConstants();
     vocabulary::Registry &r = vocabulary::TheRegistry();
-    r.sids.Clear();
-    r.symbols.Clear();
+    r.values.clear();
+    r.names.clear();
+    std::vector<bool>().swap(r.named);
+    r.symbols.clear();
 }

@@ -43,15 +43,19 @@ AI_CFunction const *AI_Action(unsigned int nSID) { return Find(vocabulary::TheRe
 void AI_AddFact(unsigned int nSID, char const *pszName, int nParam1, int nParam2, int nParam3, int nParam4,
                 int nParam5, int nParam6)
 {
-    Add(vocabulary::TheRegistry().facts,
-        std::make_unique<AI_CFunction>(nSID, pszName, nParam1, nParam2, nParam3, nParam4, nParam5, nParam6));
+    platform::Allocating([&] {
+        Add(vocabulary::TheRegistry().facts,
+            std::make_unique<AI_CFunction>(nSID, pszName, nParam1, nParam2, nParam3, nParam4, nParam5, nParam6));
+    });
 }
 
 void AI_AddAction(unsigned int nSID, char const *pszName, int nParam1, int nParam2, int nParam3, int nParam4,
                   int nParam5, int nParam6)
 {
-    Add(vocabulary::TheRegistry().actions,
-        std::make_unique<AI_CFunction>(nSID, pszName, nParam1, nParam2, nParam3, nParam4, nParam5, nParam6));
+    platform::Allocating([&] {
+        Add(vocabulary::TheRegistry().actions,
+            std::make_unique<AI_CFunction>(nSID, pszName, nParam1, nParam2, nParam3, nParam4, nParam5, nParam6));
+    });
 }
 
 int AI_DeleteFact(unsigned int nSID) { return Delete(vocabulary::TheRegistry().facts, nSID); }

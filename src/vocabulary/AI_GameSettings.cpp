@@ -17,44 +17,39 @@ AI_GameSettings AI_gsSettings = {
 
 namespace {
 
-// The define SIDs nFirst..nLast test one settings field. A flag group (one
-// SID) answers the field's stored value; any other group answers whether the
-// field equals the SID's offset from nFirst.
-struct DefineGroup
-{
-    unsigned int nFirst;
-    unsigned int nLast;
-    int AI_GameSettings::*pField;
-    bool bFlag;
-};
-
-DefineGroup const kGroups[] = {
-    {100, 100, &AI_GameSettings::bDeathMatch, true},
-    {101, 101, &AI_GameSettings::bRegicide, true},
-    {110, 119, &AI_GameSettings::nStartingAge, false},
-    {120, 129, &AI_GameSettings::nStartingResources, false},
-    {130, 139, &AI_GameSettings::nMapSize, false},
-    {140, 159, &AI_GameSettings::nMapType, false},
-    {160, 169, &AI_GameSettings::nVictoryCondition, false},
-    {170, 179, &AI_GameSettings::nDifficulty, false},
-    {180, 189, &AI_GameSettings::nPopulationCap, false},
-    {190, 190, &AI_GameSettings::bGameSpeedLocked, true},
-    {200, 200, &AI_GameSettings::bTeamsLocked, true},
-    {210, 229, &AI_GameSettings::nCiv, false},
+AI_SettingsField const kFields[] = {
+    {"bDeathMatch", &AI_GameSettings::bDeathMatch, 100, 100},
+    {"bRegicide", &AI_GameSettings::bRegicide, 101, 101},
+    {"nStartingAge", &AI_GameSettings::nStartingAge, 110, 119},
+    {"nStartingResources", &AI_GameSettings::nStartingResources, 120, 129},
+    {"nMapSize", &AI_GameSettings::nMapSize, 130, 139},
+    {"nMapType", &AI_GameSettings::nMapType, 140, 159},
+    {"nVictoryCondition", &AI_GameSettings::nVictoryCondition, 160, 169},
+    {"nDifficulty", &AI_GameSettings::nDifficulty, 170, 179},
+    {"nPopulationCap", &AI_GameSettings::nPopulationCap, 180, 189},
+    {"bGameSpeedLocked", &AI_GameSettings::bGameSpeedLocked, 190, 190},
+    {"bTeamsLocked", &AI_GameSettings::bTeamsLocked, 200, 200},
+    {"nCiv", &AI_GameSettings::nCiv, 210, 229},
 };
 
 }  // namespace
 
+AI_SettingsField const *AI_SettingsFields(int *pnCount)
+{
+    *pnCount = static_cast<int>(sizeof kFields / sizeof *kFields);
+    return kFields;
+}
+
 int AI_DefineFor(AI_GameSettings const &settings, unsigned int nSID)
 {
-    for (DefineGroup const &group : kGroups) {
-        if (nSID < group.nFirst || nSID > group.nLast)
+    for (AI_SettingsField const &field : kFields) {
+        if (nSID < field.nFirstDefine || nSID > field.nLastDefine)
             continue;
-        int const value = settings.*group.pField;
-        if (group.bFlag)
+        int const value = settings.*field.pField;
+        if (field.IsFlag())
             return value;
         // A negative field never matches: the offset is at most 19.
-        return value == static_cast<int>(nSID - group.nFirst) ? 1 : 0;
+        return value == static_cast<int>(nSID - field.nFirstDefine) ? 1 : 0;
     }
     return 0;
 }

@@ -22,6 +22,22 @@ struct AI_GameSettings
     int nCiv;                // 0 gaia, 1 briton .. 13 viking
 };
 
+// One field of the settings record and the define SIDs that test it. A
+// flag field has one SID, which answers the field's stored value; the SID
+// nFirstDefine + v of any other field holds when the field is v.
+struct AI_SettingsField
+{
+    char const *pszName;  // as in the record: "bDeathMatch" ...
+    int AI_GameSettings::*pField;
+    unsigned int nFirstDefine;
+    unsigned int nLastDefine;
+
+    bool IsFlag() const { return nFirstDefine == nLastDefine; }
+};
+
+// The fields in the record's order; *pnCount receives their number.
+STRATAGEM_API AI_SettingsField const *AI_SettingsFields(int *pnCount);
+
 // The host's settings record; the library never writes it.
 extern STRATAGEM_API AI_GameSettings AI_gsSettings;
 

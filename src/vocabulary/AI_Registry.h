@@ -4,20 +4,26 @@
 #define STRATAGEM_VOCABULARY_AI_REGISTRY_H
 
 #include <memory>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "AI_CFunction.h"
-#include "AI_NameIndex.h"
-#include "AI_SidRecords.h"
 
 namespace vocabulary {
 
 typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> FunctionTable;
 
+unsigned int const kDenseSids = 1u << 24;
+
 struct Registry
 {
-    NameIndex symbols;  // name -> SID
-    SidRecords sids;    // SID -> name, and a constant's values
+    std::unordered_map<std::string, unsigned int> symbols;  // name -> SID
+    std::unordered_map<unsigned int, std::string> names;    // SID -> name
+    // Whether a SID below kDenseSids has a name: the kind tests ask for
+    // every argument of a script, and a bit is found faster than a node.
+    std::vector<bool> named;
+    std::unordered_map<unsigned int, std::vector<int>> values;  // a constant's values
     FunctionTable facts;
     FunctionTable actions;
     unsigned int nextConstant = 4001;  // never reset: a constant SID is used once
@@ -32,6 +38,9 @@ void Intern(char const *pszName, unsigned int nSID);
 // Removes the SID's name and that name's symbol (whatever SID the symbol
 // holds by now). False when the SID had no name.
 bool Forget(unsigned int nSID);
+
+// The SID of the name, or 0.
+unsigned int Find(char const *pszName);
 
 // 1 when the name table has an entry for the SID.
 int IsRegistered(unsigned int nSID);

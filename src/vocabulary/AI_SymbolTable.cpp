@@ -1,6 +1,6 @@
 #include "AI_SymbolTable.h"
 
-#include <memory>
+#include <algorithm>
 
 #include "AI_Registry.h"
 
@@ -17,29 +17,53 @@ void Intern(char const *pszName, unsigned int nSID)
 {
     Registry &r = TheRegistry();
     char const *pszText = pszName ? pszName : "";
-    r.symbols.Set(pszText, nSID);
-    r.sids.SetName(nSID, pszText);
+    platform::Allocating([&] {
+        if (nSID < kDenseSids && nSID >= r.named.size())
+            r.named.resize(std::max<std::size_t>(nSID + 1, 2 * r.named.size()));
+        r.names[nSID] = pszText;
+        r.symbols[pszText] = nSID;
+    });
+    if (nSID < kDenseSids)
+        r.named[nSID] = true;
 }
 
 bool Forget(unsigned int nSID)
 {
     Registry &r = TheRegistry();
-    std::unique_ptr<char[]> const pszName = r.sids.TakeName(nSID);
-    if (!pszName)
+    auto const it = r.names.find(nSID);
+    if (it == r.names.end())
         return false;
-    r.symbols.Erase(pszName.get());
+    r.symbols.erase(it->second);
+    r.names.erase(it);
+    if (nSID < kDenseSids)
+        r.named[nSID] = false;
     return true;
+}
+
+unsigned int Find(char const *pszName)
+{
+    // The parser asks for every word of a script: the key is built in one
+    // buffer kept for the purpose, so that a lookup does not allocate.
+    static std::string key;
+    platform::Allocating([&] { key.assign(pszName); });
+    std::unordered_map<std::string, unsigned int> const &symbols = TheRegistry().symbols;
+    auto const it = symbols.find(key);
+    return it != symbols.end() ? it->second : 0;
 }
 
 int IsRegistered(unsigned int nSID)
 {
-    return TheRegistry().sids.Name(nSID) ? 1 : 0;
+    Registry const &r = TheRegistry();
+    if (nSID < kDenseSids)
+        return nSID < r.named.size() && r.named[nSID] ? 1 : 0;
+    return r.names.count(nSID) ? 1 : 0;
 }
 
 char const *NameOf(unsigned int nSID)
 {
-    char const *pszName = TheRegistry().sids.Name(nSID);
-    return pszName ? pszName : "";
+    std::unordered_map<unsigned int, std::string> const &names = TheRegistry().names;
+    auto const it = names.find(nSID);
+    return it != names.end() ? it->second.c_str() : "";
 }
 
 }  // namespace vocabulary
@@ -70,7 +94,7 @@ int IsKind(KindRange const &kind, unsigned int nSID)
 
 unsigned int AI_Symbol(char const *pszName)
 {
-    return pszName ? vocabulary::TheRegistry().symbols.Find(pszName) : 0;
+    return pszName ? vocabulary::Find(pszName) : 0;
 }
 
 CString AI_String(unsigned int nSID)

@@ -33,7 +33,7 @@ public:
     }
 };
 
-class CheckTest : public VocabularyTest
+class CheckTest : public ObjectsTest
 {
 protected:
     MemorySources m_sources;

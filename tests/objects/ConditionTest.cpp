@@ -2,7 +2,7 @@
 // short-circuit rules, the condition list of a rule, and their listings.
 #include "TestSupport.h"
 
-using Condition = VocabularyTest;
+using Condition = ObjectsTest;
 
 namespace {
 
@@ -59,33 +59,4 @@ TEST_F(Condition, FactTestsNeverHoldAndAListStopsAtTheFirstFailure)
     allHold.Add(new ProbeCE(2, &calls, "d"));
     allHold.Add(new ProbeCE(1, &calls, "e"));
     EXPECT_EQ(1, allHold.IsTrue());
-}
-
-TEST_F(Condition, ArgumentsAndConditionsListAsScriptText)
-{
-    AI_CCEList list;
-    list.Add(Fact());
-    list.Add(new AI_COpCE(AI_COpCE::opNot, Fact(), nullptr));
-    ExpectRows<std::string>({
-        {Listing(AI_CExpression(unsigned(kVillager)), 3), "villager"},  // the level is not used
-        {Listing(AI_CExpression(Str("hi there")), 2), "\"hi there\""},
-        {Listing(AI_CExpression(Str("a\nb\\c"))), "\"a\nb\\c\""},  // raw, no escapes
-        {Listing(AI_CExpression(Str(""))), "\"\""},
-        {Listing(AI_CExpression(-17), 1), "-17"},
-        {Listing(*Own(Args({new AI_CExpression(unsigned(kLessThan)), new AI_CExpression(3),
-                            new AI_CExpression(Str("x y"))})),
-                 4),
-         "less-than 3 \"x y\""},
-        {Listing(*Own(Args({new AI_CExpression(5)}))), "5"},
-        {Listing(*Own(Fact(kTrue))), "(true)"},
-        {Listing(*Own(Fact(kTrue)), 2), "\t\t(true)"},
-        {Listing(*Own(Fact(kFoodAmount, Args({new AI_CExpression(3), new AI_CExpression(Str("a"))}))), 1),
-         "\t(food-amount 3 \"a\")"},
-        {Listing(*Own(Fact(kTrue, new AI_CExprList))), "(true )"},  // present but empty: still the blank
-        {Listing(AI_COpCE(AI_COpCE::opNot, Fact(), nullptr), 1), "\t(not\n\t\t(true)\n\t)"},
-        {Listing(AI_COpCE(AI_COpCE::opNand, new AI_COpCE(AI_COpCE::opNot, Fact(), nullptr),
-                          Fact(kFoodAmount, Args({new AI_CExpression(unsigned(kLessThan)), new AI_CExpression(5)})))),
-         "(nand\n\t(not\n\t\t(true)\n\t)\n\t(food-amount less-than 5)\n)"},
-        {Listing(list, 1), "\t(true)\n\t(not\n\t\t(true)\n\t)\n"},  // each element ends its line
-    });
 }

@@ -2,11 +2,10 @@
 // placed in the strategy's store beforehand, so a parse finds them there
 // and no file is read.
 #include "TestSupport.h"
-#include "platform/crt.h"
 
 namespace {
 
-class Loading : public VocabularyTest
+class Loading : public ObjectsTest
 {
 protected:
     Loading() : m_strategy("s", "main", AI_gsSettings) {}
@@ -66,13 +65,10 @@ TEST_F(Loading, RandomLoadWithoutAChoiceStaysUnloadedAndDrawsAgainNextTime)
     list.Add(pRandom);
     // A seed whose first draw lies above the options' 80 and whose second
     // draw is 0.
-    unsigned int nLow = 0;
-    while (PercentOf(Draw(StateBefore(nLow))) <= 80)
-        ++nLow;
-    unsigned int state = StateBefore(StateBefore(nLow));
-    crt::srand(state);
-    ASSERT_GT(PercentOf(NextDraw(state)), 80);
-    ASSERT_EQ(0, NextDraw(state));
+    unsigned int const nSeed = SeedWhere([] { return PercentOf(crt::rand()) > 80 && crt::rand() == 0; });
+    crt::rand(), crt::rand();
+    int const nThird = crt::rand();
+    crt::srand(nSeed);
 
     list.Load();
     EXPECT_EQ(0, pRandom->IsLoaded());
@@ -82,7 +78,7 @@ TEST_F(Loading, RandomLoadWithoutAChoiceStaysUnloadedAndDrawsAgainNextTime)
     EXPECT_EQ(pA, pRandom->GetCommands());
     EXPECT_EQ("load random command: default ?, loaded a", Describe(*pRandom));
     list.Load();  // loaded now: no further draw
-    EXPECT_EQ(NextDraw(state), crt::rand());
+    EXPECT_EQ(nThird, crt::rand());
 
     // A later draw without a choice forgets the chosen name but keeps the
     // list loaded before.
@@ -99,14 +95,14 @@ TEST_F(Loading, EveryRandomLoadDrawsExactlyOnce)
     AI_CLoadRandomCommand nothing(nullptr, nullptr, &m_strategy);
     AI_CLoadRandomCommand defaultOnly(nullptr, Str("d"), &m_strategy);
     std::unique_ptr<AI_CLoadRandomCommand> pChoice(RandomLoad(true));
-    unsigned int state = 1234;
-    crt::srand(state);
+    crt::srand(1234);
+    crt::rand(), crt::rand(), crt::rand();
+    int const nFourth = crt::rand();
+    crt::srand(1234);
     nothing.Load();
     defaultOnly.Load();
     pChoice->Load();
-    for (int i = 0; i < 3; ++i)
-        NextDraw(state);
-    EXPECT_EQ(NextDraw(state), crt::rand());
+    EXPECT_EQ(nFourth, crt::rand());
     EXPECT_EQ(0, nothing.IsLoaded());
 
     // Without options the default is taken whatever the draw.

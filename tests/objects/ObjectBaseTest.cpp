@@ -4,7 +4,7 @@
 
 #include "TestSupport.h"
 
-using ObjectBase = VocabularyTest;
+using ObjectBase = ObjectsTest;
 
 namespace {
 

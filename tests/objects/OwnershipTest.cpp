@@ -4,7 +4,7 @@
 // twice, late or never.
 #include "TestSupport.h"
 
-using Ownership = VocabularyTest;
+using Ownership = ObjectsTest;
 
 // The ids follow the tree depth first; each object logs before it destroys
 // its parts, so a tree destroyed in order logs 1, 2, 3, ...

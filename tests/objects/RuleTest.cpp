@@ -2,7 +2,7 @@
 // command protocol and listings.
 #include "TestSupport.h"
 
-using Rules = VocabularyTest;
+using Rules = ObjectsTest;
 
 // An action list runs until the first failure. A rule runs its actions only
 // when its conditions hold; either way, and whatever the actions answer, it
@@ -70,21 +70,4 @@ TEST_F(Rules, AddingAListMovesItsCommandsToTheEndAndLeavesItEmpty)
     target.Add(pSource.get());
     EXPECT_TRUE(Children(*pSource).empty());
     EXPECT_EQ((std::vector<AI_CObject *>{pOld, pFirst, pSecond}), Children(target));
-}
-
-TEST_F(Rules, ActionsRulesAndCommandListsListAsScriptText)
-{
-    unsigned int nSID = AI_AddConstant("limit", 3);
-    AI_CActionList actions;
-    actions.Add(new AI_CAction(kDoNothing, nullptr));
-    actions.Add(new AI_CAction(kChatToAll, Args({new AI_CExpression(Str("gg"))})));
-    std::unique_ptr<AI_CCommandList> pList(Commands({Rule(), new AI_CDefconstCommand(nSID, 10, nullptr)}));
-    ExpectRows<std::string>({
-        {Listing(AI_CAction(kTrain, Args({new AI_CExpression(unsigned(kVillager))})), 2), "\t\t(train villager)"},
-        {Listing(actions, 1), "\t(do-nothing)\n\t(chat-to-all \"gg\")\n"},
-        {Listing(*Own(Rule())), "(defrule\n\t(true)\n=>\n\t(do-nothing)\n)\n"},
-        {Listing(AI_CDefruleCommand(new AI_CCEList, new AI_CActionList)), "(defrule\n=>\n)\n"},
-        {Listing(AI_CDefconstCommand(nSID, -5, nullptr), 2), "\t\t(defconst limit -5)\n"},
-        {Listing(*pList, 1), "\t(defrule\n\t\t(true)\n\t=>\n\t\t(do-nothing)\n\t)\n\n\t(defconst limit 10)\n\n"},
-    });
 }

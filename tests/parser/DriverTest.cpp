@@ -37,58 +37,6 @@ TEST_F(DriverTest, EachNameIsParsedOnce)
     EXPECT_EQ(m_pStrategy->GetCommandLists().GetCount(), 2);
 }
 
-TEST_F(DriverTest, LoadedFilesTakeTheDirectoryAndExtensionOfTheLoadingFile)
-{
-    ASSERT_EQ(mkdir("sub", 0755), 0);
-    ASSERT_EQ(mkdir("sub.d", 0755), 0);
-    struct Naming
-    {
-        char const *pszFile;
-        char const *pszWritten;
-        char const *pszLoaded;
-    } const kNamings[] = {
-        {"main.txt", "common", "common.txt"},
-        {"sub/main.txt", "common", "sub/common.txt"},
-        {"sub/main.txt", "common.txt", "sub/common.txt.txt"},
-        {"main", "common", "common"},
-        {"D:\\scripts\\main.txt", "common", "D:\\scripts\\common.txt"},
-        {"x:main.per", "common", "x:common.per"},
-        {"sub.d/main", "common", "sub.d/common"},
-        {"sub.d/main.a.b", "common", "sub.d/common.b"},
-        {".hidden", "common", "common.hidden"},
-        {"sub/../main.ai", "../up", "sub/../../up.ai"},
-    };
-    for (Naming const &naming : kNamings)
-        EXPECT_EQ(LoadsOf(std::string("(load \"") + naming.pszWritten + "\")", naming.pszFile), Names{naming.pszLoaded})
-            << naming.pszFile;
-
-    // Random loads name their options and their default the same way.
-    AI_CCommandList *pCommands = ParseText("(load-random 30 \"a\" \"b\")", "sub/main.per");
-    auto const *pRandom = static_cast<AI_CLoadRandomCommand const *>(Commands(pCommands).at(0));
-    EXPECT_STREQ(*pRandom->GetOptions()->GetLoadOptions().GetHead()->GetFilename(), "sub/a.per");
-    EXPECT_STREQ(*pRandom->GetFilename(), "sub/b.per");
-}
-
-TEST_F(DriverTest, FilesThatCannotBeOpenedRaiseTheFileException)
-{
-    ASSERT_EQ(mkdir("folder.txt", 0755), 0);
-    for (char const *pszName : {"missing.txt", "folder.txt"}) {
-        try {
-            AI_CParser(m_pStrategy.get()).Parse(pszName);
-            ADD_FAILURE() << pszName << " opened";
-        } catch (CException *pException) {
-            auto *pFileException = dynamic_cast<CFileException *>(pException);
-            ASSERT_NE(pFileException, nullptr) << pszName;
-            EXPECT_EQ(pFileException->m_cause, pszName[0] == 'm' ? CFileException::fileNotFound
-                                                                 : CFileException::accessDenied);
-            EXPECT_EQ(pFileException->m_lOsError, -1);
-            EXPECT_STREQ(pFileException->m_strFileName, pszName);
-            pException->Delete();
-        }
-    }
-    EXPECT_TRUE(m_pStrategy->GetCommandLists().IsEmpty());
-}
-
 TEST_F(DriverTest, AFailedParseLeavesNothingBehind)
 {
     // Objects and strings of every kind are pending when the last line fails.

@@ -35,19 +35,3 @@ TEST(ParseExceptionTest, EveryCauseHasItsMessage)
     EXPECT_EQ(MessageOf(&longParam), "f(1): Wrong parameter: '" + strParam + "'.");
     EXPECT_TRUE(longParam.GetParam2().IsEmpty());
 }
-
-TEST(ParseExceptionTest, TheBufferCutsTheMessageAndIsZeroFilled)
-{
-    std::string const strMessage = "main.txt(12): Unknown symbol: 'foo'.";
-    AI_CParseException exception("main.txt", 12, AI_PE_UNKNOWN_SYMBOL, "foo", "");
-    char achBuffer[64];
-    std::memset(achBuffer, 'X', sizeof achBuffer);
-    UINT nHelp = 77;
-    EXPECT_NE(exception.GetErrorMessage(achBuffer, 10, &nHelp), 0);
-    EXPECT_EQ(nHelp, 0u);
-    EXPECT_EQ(std::string(achBuffer, 11), std::string("main.txt(\0X", 11));
-
-    std::memset(achBuffer, 'X', sizeof achBuffer);
-    EXPECT_NE(exception.GetErrorMessage(achBuffer, 50), 0);
-    EXPECT_EQ(std::string(achBuffer, 51), strMessage + std::string(50 - strMessage.size(), '\0') + "X");
-}

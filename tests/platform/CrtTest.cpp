@@ -1,30 +1,35 @@
 // The original C runtime's random generator and path splitter.
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/afx.h"
 
 namespace {
 
-// The generator written out from its definition.
-int ReferenceDraw(std::uint32_t &state)
+// The original runtime's well-known sequences: unseeded (state 1), and
+// after seeds at the ends of the range.
+TEST(Rand, FollowsTheOriginalSequencesFromStateOneAndAfterEverySeed)
 {
-    state = state * 214013u + 2531011u;
-    return static_cast<int>((state >> 16) & 0x7FFF);
-}
-
-TEST(Rand, FollowsTheGeneratorFromStateOneAndAfterEverySeed)
-{
-    std::uint32_t state = 1;  // a fresh process has not seeded yet
-    for (int i = 0; i < 100; ++i)
-        ASSERT_EQ(ReferenceDraw(state), crt::rand()) << "unseeded draw " << i;
-    for (unsigned int seed : {1u, 0u, 12345u, 0x80000000u, 0xFFFFFFFFu}) {
-        crt::srand(seed);
-        state = seed;
-        for (int i = 0; i < 1000; ++i)
-            ASSERT_EQ(ReferenceDraw(state), crt::rand()) << "seed " << seed << " draw " << i;
+    struct Row
+    {
+        bool bSeed;
+        unsigned int nSeed;
+        std::vector<int> draws;
+    } const rows[] = {
+        {false, 0, {41, 18467, 6334, 26500, 19169, 15724, 11478, 29358, 26962, 24464}},
+        {true, 1, {41, 18467, 6334, 26500, 19169}},
+        {true, 0, {38, 7719, 21238, 2437, 8855}},
+        {true, 0xFFFFFFFFu, {35, 29739, 3374, 11141, 31308}},
+    };
+    for (Row const &row : rows) {
+        if (row.bSeed)
+            crt::srand(row.nSeed);
+        std::vector<int> draws;
+        for (std::size_t i = 0; i < row.draws.size(); ++i)
+            draws.push_back(crt::rand());
+        EXPECT_EQ(row.draws, draws) << row.nSeed;
     }
 }
 

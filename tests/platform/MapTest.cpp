@@ -100,35 +100,4 @@ TEST(Map, StringKeysEnumerateByTheirHashModulo17)
     EXPECT_FALSE(map.Lookup("MAIN.TXT", value));
 }
 
-TEST(Map, HundredThousandEntriesStayFindable)
-{
-    SidMap map;
-    NameMap names;
-    unsigned int const n = 100000;
-    for (unsigned int i = 0; i < n; ++i) {
-        map.SetAt(4001 + i, static_cast<int>(i));
-        names.SetAt(("file" + Text(i) + ".per").c_str(), static_cast<int>(i));
-    }
-    EXPECT_EQ(static_cast<INT_PTR>(n), names.GetCount());
-    int value = 0;
-    for (unsigned int i = 0; i < n; ++i) {
-        ASSERT_TRUE(map.Lookup(4001 + i, value) && value == static_cast<int>(i)) << i;
-        ASSERT_TRUE(names.Lookup(("file" + Text(i) + ".per").c_str(), value) && value == static_cast<int>(i)) << i;
-    }
-    EXPECT_FALSE(map.Lookup(4001 + n, value));
-    for (unsigned int i = 0; i < n; i += 2)
-        ASSERT_TRUE(map.RemoveKey(4001 + i));
-    EXPECT_FALSE(map.Lookup(4001, value));
-
-    // Every entry is still visited once, buckets never going back, newer
-    // (larger) keys first inside a bucket.
-    std::vector<std::string> const keys = Keys(map);
-    ASSERT_EQ(n / 2, keys.size());
-    for (size_t i = 1; i < keys.size(); ++i) {
-        unsigned int const key = std::stoul(keys[i]), previous = std::stoul(keys[i - 1]);
-        unsigned int const bucket = (key >> 4) % 17, previousBucket = (previous >> 4) % 17;
-        ASSERT_TRUE(bucket > previousBucket || (bucket == previousBucket && key < previous)) << key;
-    }
-}
-
 }  // namespace

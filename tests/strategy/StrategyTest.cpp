@@ -4,7 +4,7 @@
 
 #include "../objects/TestSupport.h"
 
-using Strategy = VocabularyTest;
+using Strategy = ObjectsTest;
 
 TEST_F(Strategy, EvaluatesDefinesOnItsOwnCopyOfTheSettings)
 {
@@ -28,20 +28,6 @@ TEST_F(Strategy, EvaluatesDefinesOnItsOwnCopyOfTheSettings)
     EXPECT_EQ(0, pStrategy->Define(131));
     EXPECT_EQ(1, AI_Define(131));
     EXPECT_EQ("strategy:  ()", Describe(*pStrategy));
-}
-
-TEST_F(Strategy, ExtraFilesAreKeptInOrderWithDuplicates)
-{
-    AI_CStrategy strategy("s", "m", DefaultSettings());
-    EXPECT_EQ(0, strategy.AddFilename("a"));
-    EXPECT_EQ(1, strategy.AddFilename("a"));
-    EXPECT_EQ(2, strategy.AddFilename("b"));
-    ASSERT_EQ(3, strategy.GetFilenames().GetSize());
-    EXPECT_STREQ("a", strategy.Filename(1));
-    EXPECT_STREQ("b", strategy.Filename(2));
-    strategy.DeleteFilenames();
-    EXPECT_EQ(0, strategy.GetFilenames().GetSize());
-    EXPECT_EQ(0, strategy.AddFilename("c"));
 }
 
 TEST_F(Strategy, ConstantValuesAreRecordedInOrderAndDeleted)

@@ -25,29 +25,9 @@ TEST_F(CFunction, ConstructorsKeepTheCodesInOrder)
     for (int code : {16, 0, 33, 0, 1, 2, 7, 40})
         codes.Add(code);
     AI_CFunction function(471, "cc-players-building-type-count", codes);
-    codes.SetAt(0, 5);
+    codes[0] = 5;
     codes.Add(9);
     EXPECT_EQ((std::vector<int>{16, 0, 33, 0, 1, 2, 7, 40}), Params(function));
-}
-
-TEST_F(CFunction, CopiesAreDeepAndEqualityGoesBySid)
-{
-    AI_CFunction original(459, "players-score", 16, 1, 18);
-    AI_CFunction copy(original);
-    AI_CFunction assigned(1, "other", 2, 2, 2, 2, 2, 2);
-    EXPECT_EQ(&assigned, &(assigned = original));
-    EXPECT_EQ(&assigned, &(assigned = *&assigned));  // self-assignment
-    original.m_params.Add(4);
-    original.m_strName = "changed";
-    for (AI_CFunction const *f : {&copy, &assigned}) {
-        EXPECT_EQ(459u, f->GetSID());
-        EXPECT_STREQ("players-score", f->GetName());
-        EXPECT_EQ((std::vector<int>{16, 1, 18}), Params(*f));
-    }
-    EXPECT_EQ(1, AI_CFunction(396, "wood-amount", 1, 2) == AI_CFunction(396, "something-else", 5));
-    EXPECT_EQ(0, AI_CFunction(396, "wood-amount", 1, 2) == AI_CFunction(395, "wood-amount", 1, 2));
-    std::unique_ptr<CObject> object(new AI_CFunction(original));  // destroyed through the base
-    EXPECT_EQ(RUNTIME_CLASS(AI_CFunction), object->GetRuntimeClass());
 }
 
 TEST_F(FunctionTable, RegistrationStoresAndReplacesTheSignature)

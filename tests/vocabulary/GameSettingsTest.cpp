@@ -6,23 +6,6 @@
 
 namespace {
 
-// One settings field and the define SIDs that test it.
-struct Field
-{
-    int AI_GameSettings::*pField;
-    unsigned int nFirst, nLast;
-    bool bFlag;  // a single SID answering the field's own value
-};
-
-Field const kFields[] = {
-    {&AI_GameSettings::bDeathMatch, 100, 100, true},        {&AI_GameSettings::bRegicide, 101, 101, true},
-    {&AI_GameSettings::nStartingAge, 110, 119, false},      {&AI_GameSettings::nStartingResources, 120, 129, false},
-    {&AI_GameSettings::nMapSize, 130, 139, false},          {&AI_GameSettings::nMapType, 140, 159, false},
-    {&AI_GameSettings::nVictoryCondition, 160, 169, false}, {&AI_GameSettings::nDifficulty, 170, 179, false},
-    {&AI_GameSettings::nPopulationCap, 180, 189, false},    {&AI_GameSettings::bGameSpeedLocked, 190, 190, true},
-    {&AI_GameSettings::bTeamsLocked, 200, 200, true},       {&AI_GameSettings::nCiv, 210, 229, false},
-};
-
 using GameSettings = VocabularyTest;
 
 TEST_F(GameSettings, DefaultsHoldForTheirDefines)
@@ -34,43 +17,28 @@ TEST_F(GameSettings, DefaultsHoldForTheirDefines)
         EXPECT_EQ(0, AI_Define(sid)) << sid;
 }
 
-// For each grouped field and each value, exactly the SID first + value of its
-// group holds; every other SID of every group stays 0.
-TEST_F(GameSettings, GroupedFieldSelectsExactlyOneSid)
+// A grouped field selects the SID first + value of its group; a flag answers
+// its own stored value; SIDs outside every group never hold.
+TEST_F(GameSettings, FieldsSelectTheirSidsAndFlagsAnswerTheirValue)
 {
-    for (Field const &field : kFields) {
-        if (field.bFlag)
-            continue;
-        for (int value = -1; value <= static_cast<int>(field.nLast - field.nFirst) + 1; ++value) {
-            AI_GameSettings settings{};
-            for (Field const &other : kFields)
-                settings.*other.pField = other.bFlag ? 0 : -1;  // holds nowhere
-            settings.*field.pField = value;
-            for (unsigned int sid = 0; sid < 300; ++sid) {
-                bool const holds = value >= 0 && sid == field.nFirst + static_cast<unsigned int>(value) &&
-                                   sid <= field.nLast;
-                ASSERT_EQ(holds ? 1 : 0, AI_DefineFor(settings, sid) != 0 ? 1 : 0)
-                    << "field at " << field.nFirst << " value " << value << " sid " << sid;
-            }
-        }
-    }
-}
-
-// Each flag answers its own field's stored value; SIDs outside every group
-// never hold. Every field gets a value of its own.
-TEST_F(GameSettings, FlagsAnswerTheirStoredValueAndOtherSidsNothing)
-{
-    for (int value : {0, 7, -3, INT_MIN}) {
-        AI_GameSettings settings;
-        for (int i = 0; i < 12; ++i)
-            settings.*kFields[i].pField = value + i;
-        for (int i = 0; i < 12; ++i)
-            if (kFields[i].bFlag) {
-                EXPECT_EQ(value + i, AI_DefineFor(settings, kFields[i].nFirst)) << kFields[i].nFirst;
-            }
-        for (unsigned int sid : {0u, 99u, 102u, 109u, 191u, 199u, 201u, 209u, 230u, 299u, 300u, 4001u, 0xFFFFFFFFu})
-            EXPECT_EQ(0, AI_DefineFor(settings, sid)) << sid << " with " << value;
-    }
+    AI_GameSettings settings{};
+    settings.bRegicide = 7;
+    settings.nStartingAge = 4;
+    settings.nMapType = 15;
+    settings.nCiv = 13;
+    settings.nPopulationCap = -1;
+    settings.bTeamsLocked = INT_MIN;
+    struct Row
+    {
+        unsigned int nSID;
+        int nExpected;
+    } const rows[] = {
+        {100, 0},   {101, 7},   {110, 0}, {114, 1}, {115, 0}, {120, 1}, {140, 0}, {155, 1}, {159, 0},
+        {180, 0},   {189, 0},   {190, 0}, {200, INT_MIN},      {210, 0}, {223, 1}, {229, 0}, {0, 0},
+        {99, 0},    {102, 0},   {109, 0}, {191, 0}, {199, 0}, {201, 0}, {230, 0}, {4001, 0}, {0xFFFFFFFFu, 0},
+    };
+    for (Row const &row : rows)
+        EXPECT_EQ(row.nExpected, AI_DefineFor(settings, row.nSID)) << row.nSID;
 }
 
 // AI_Define reads the global record at each call and ignores the registry;

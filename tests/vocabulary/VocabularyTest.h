@@ -31,7 +31,10 @@ protected:
     static std::vector<int> Params(AI_CFunction const &function)
     {
         CArray<int, int> const &codes = function.GetParams();
-        return std::vector<int>(codes.GetData(), codes.GetData() + codes.GetSize());
+        std::vector<int> params;
+        for (INT_PTR i = 0; i < codes.GetSize(); ++i)
+            params.push_back(codes[i]);
+        return params;
     }
 
     static std::string Name(unsigned int nSID) { return static_cast<char const *>(AI_String(nSID)); }
