@@ -51,6 +51,10 @@ public:
     static void EnableExpandBlocks(int bExpandBlocks);
 
 protected:
+    // Makes this file the one being read: the directory and extension that
+    // names of loaded files take, and the front end's state at line 1.
+    void BeginFile(char const *pszFilename);
+
     // Ownership bookkeeping.
     CObject *Remember(CObject *pObject);
     CString *Remember(CString *pString);

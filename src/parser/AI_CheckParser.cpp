@@ -295,12 +295,7 @@ AI_CCommandList *AI_CCheckParser::ParseText(char const *pszFilename, char const 
     if (AI_CCommandList *pCommands = m_pStrategy->CommandList(pszFilename))
         return pCommands;
 
-    CString strDrive, strDirectory, strName, strExtension;
-    crt::SplitPath(pszFilename, strDrive, strDirectory, strName, strExtension);
-    m_strDirectory = strDrive + strDirectory;
-    m_strExtension = strExtension;
-
-    AI_BeginFile(this, pszFilename);
+    BeginFile(pszFilename);
     Feed feed(*this, listener);
     AI_CCommandList *pAll = AI_New<AI_CCommandList>();
 

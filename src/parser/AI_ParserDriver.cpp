@@ -25,18 +25,22 @@ FILE *AI_OpenScript(char const *pszFilename)
     return pFile;
 }
 
+// Loaded files are named after this one's directory and extension.
+void AI_CParser::BeginFile(char const *pszFilename)
+{
+    CString strDrive, strDirectory, strName, strExtension;
+    crt::SplitPath(pszFilename, strDrive, strDirectory, strName, strExtension);
+    m_strDirectory = strDrive + strDirectory;
+    m_strExtension = strExtension;
+    AI_BeginFile(this, pszFilename);
+}
+
 AI_CCommandList *AI_CParser::Parse(char const *pszFilename)
 {
     if (AI_CCommandList *pCommands = m_pStrategy->CommandList(pszFilename))
         return pCommands;
 
-    // Loaded files are named after this one's directory and extension.
-    CString strDrive, strDirectory, strName, strExtension;
-    crt::SplitPath(pszFilename, strDrive, strDirectory, strName, strExtension);
-    m_strDirectory = strDrive + strDirectory;
-    m_strExtension = strExtension;
-
-    AI_BeginFile(this, pszFilename);
+    BeginFile(pszFilename);
 
     // A parse that fails frees its partial tree exactly once.
     int nStatus;
