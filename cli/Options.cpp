@@ -6,7 +6,7 @@
 #include <cstring>
 #include <ostream>
 
-#include "SettingsFields.h"
+#include "vocabulary/AI_SettingsFields.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "SettingsFields.h"
+#include "AI_SettingsFields.h"
 
 #include <cstring>
 
@@ -54,15 +54,39 @@ SettingsField const *FindSettingsField(char const *name)
     return nullptr;
 }
 
-bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings)
+namespace {
+
+DefineGroup const *GroupOf(unsigned int nSID, int &value)
 {
     for (DefineGroup const &group : s_groups)
     {
         if (nSID < group.nFirst || nSID > group.nLast)
             continue;
         bool const bFlag = group.nFirst == group.nLast;
-        settings.*group.pMember = bFlag ? 1 : static_cast<int>(nSID - group.nFirst);
-        return true;
+        value = bFlag ? 1 : static_cast<int>(nSID - group.nFirst);
+        return &group;
     }
-    return false;
+    return nullptr;
+}
+
+} // namespace
+
+bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings)
+{
+    int value = 0;
+    DefineGroup const *group = GroupOf(nSID, value);
+    if (group)
+        settings.*group->pMember = value;
+    return group != nullptr;
+}
+
+SettingsField const *DefineField(unsigned int nSID, int &value)
+{
+    DefineGroup const *group = GroupOf(nSID, value);
+    if (!group)
+        return nullptr;
+    for (SettingsField const &field : s_fields)
+        if (field.pMember == group->pMember)
+            return &field;
+    return nullptr;
 }
