@@ -5,9 +5,10 @@ JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD    ?= build
 ASAN     ?= build-asan
 CMAKE_GEN = cmake -S . -DCMAKE_BUILD_TYPE=Release
-PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config
+PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config nlohmann-json3-dev neovim
 FUZZ_PACKAGES = clang libclang-rt-dev
 FUZZ_SECONDS ?= 60
+LSP_FUZZ_SECONDS ?= 20
 
 .PHONY: all deps fuzz-deps install-packages build build-asan run test test-release test-asan bench fuzz clean
 
@@ -55,9 +56,10 @@ bench: deps
 
 fuzz: fuzz-deps
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DSTRATAGEM_FUZZ=ON -DSTRATAGEM_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-	cmake --build build-fuzz -j $(JOBS) --target stratagem_fuzz
-	mkdir -p fuzz-corpus
+	cmake --build build-fuzz -j $(JOBS) --target stratagem_fuzz stratagem_lsp_fuzz
+	mkdir -p fuzz-corpus fuzz-corpus-lsp
 	build-fuzz/fuzz/stratagem_fuzz -max_total_time=$(FUZZ_SECONDS) -detect_leaks=1 fuzz-corpus fuzz/seeds
+	build-fuzz/fuzz/stratagem_lsp_fuzz -max_total_time=$(LSP_FUZZ_SECONDS) -max_len=65536 -detect_leaks=1 fuzz-corpus-lsp fuzz/lsp-seeds
 
 clean:
 	rm -rf $(BUILD) $(ASAN) build-bench build-fuzz

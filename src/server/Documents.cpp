@@ -85,7 +85,7 @@ bool DocumentStore::Read(std::string const &name, std::string &bytes, int &error
         bytes = document->text.Content();
         return true;
     }
-    return SourceProvider::Read(name, bytes, error);
+    return m_disk ? m_disk->Read(name, bytes, error) : SourceProvider::Read(name, bytes, error);
 }
 
 }  // namespace stratagem::server

@@ -37,6 +37,9 @@ struct ContentChange
 class DocumentStore : public SourceProvider
 {
 public:
+    // Files that are not open are read from `disk` (null: the file system).
+    explicit DocumentStore(SourceProvider const *disk = nullptr) : m_disk(disk) {}
+
     // Opens (or reopens) a document; false for a URI that is not a file.
     bool Open(std::string const &uri, std::string text, int version);
     // Applies changes in order; false when the document is not open.
@@ -53,6 +56,7 @@ public:
     bool Read(std::string const &name, std::string &bytes, int &error) const override;
 
 private:
+    SourceProvider const *m_disk;
     std::map<std::string, Document> m_byUri;
     std::map<std::string, std::string> m_uriByPath;
     std::uint64_t m_nextOrder = 0;

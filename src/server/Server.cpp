@@ -48,8 +48,8 @@ std::string PathOfUri(nlohmann::json const &params)
 
 }  // namespace
 
-Server::Server(std::ostream &out, ReadLimits limits)
-    : m_out(out), m_limits(limits), m_workspace(m_documents), m_features(m_documents, m_workspace)
+Server::Server(std::ostream &out, ReadLimits limits, SourceProvider const *disk)
+    : m_out(out), m_limits(limits), m_documents(disk), m_workspace(m_documents), m_features(m_documents, m_workspace)
 {
     m_requests = {
         {"initialize", [this](Json const &params) { return Initialize(params); }},

@@ -35,8 +35,9 @@ enum ErrorCode
 class Server
 {
 public:
-    // Messages to the client go to `out`, framed.
-    explicit Server(std::ostream &out, ReadLimits limits = {});
+    // Messages to the client go to `out`, framed. Files no editor holds
+    // open are read from `disk` (null: the file system).
+    explicit Server(std::ostream &out, ReadLimits limits = {}, SourceProvider const *disk = nullptr);
 
     // Reads and handles messages until `exit` or the end of input; returns
     // the process's exit status: 0 after shutdown and exit, else 1.
