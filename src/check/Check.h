@@ -52,6 +52,8 @@ struct Replacement
     std::string text;
 };
 
+// A diagnostic about a file that no script text names (a main or extra file
+// that cannot be opened) has an all-zero range.
 struct Diagnostic
 {
     std::string file;  // as the specified error messages write it
@@ -62,6 +64,10 @@ struct Diagnostic
     std::vector<std::string> hints;
     std::vector<LoadStep> loadedFrom;
     std::vector<Replacement> fixes;
+    // For an error: the line the specified analysis reports it on (the
+    // line the parser stood on), which may lie after the range. 0 for a
+    // warning and for E100.
+    int analysisLine = 0;
 };
 
 // Where the check reads script text from. The default reads the disk in

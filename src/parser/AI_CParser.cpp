@@ -6,6 +6,20 @@
 AI_CParser *AI_pParser = nullptr;
 char const *AI_pszFilename = nullptr;
 int AI_nLine = 1;
+int AI_nOffset = 0;
+bool AI_bCollectTokens = false;
+char const *AI_ScanMemory::pText = nullptr;
+std::size_t AI_ScanMemory::nLength = 0;
+std::size_t AI_ScanMemory::nPos = 0;
+AI_Span AI_spanError = {0, 0};
+int AI_nBadArgument = 0;
+AI_CParseObserver *AI_pObserver = nullptr;
+AI_CTokenSource *AI_pTokenSource = nullptr;
+
+int AI_GrammarLex()
+{
+    return AI_pTokenSource ? AI_pTokenSource->Next() : ai_yylex();
+}
 
 void AI_BeginFile(AI_CParser *pParser, char const *pszFilename)
 {

@@ -7,9 +7,12 @@
 %require "3.6"
 %define api.prefix {ai_yy}
 %define parse.error custom
+%define api.location.type {AI_Span}
+%locations
 %expect 0
 
 %code requires {
+#include "AI_Span.h"
 class CString;
 class AI_CCommandList;
 class AI_CCommand;
@@ -31,8 +34,33 @@ class AI_CExpression;
 /* The stacks start with room for 200 entries and double up to 10,000. */
 #define YYINITDEPTH 200
 #define YYMAXDEPTH AI_PARSER_STACK_MAX
-#define yyoverflow(Message, States, StatesSize, Values, ValuesSize, StackSize) \
-    AI_GrowParserStacks((States), (Values), (StackSize))
+#define yyoverflow(Message, States, StatesSize, Values, ValuesSize, Locations, LocationsSize, StackSize) \
+    AI_GrowParserStacks((States), (Values), (Locations), (StackSize))
+
+/* A production spans its first to its last token; an empty one lies at
+ * the end of what precedes it. */
+#define YYLLOC_DEFAULT(Current, Rhs, N)                                      \
+    do {                                                                     \
+        if (N) {                                                             \
+            (Current).nBegin = YYRHSLOC(Rhs, 1).nBegin;                      \
+            (Current).nEnd = YYRHSLOC(Rhs, N).nEnd;                          \
+        } else {                                                             \
+            (Current).nBegin = (Current).nEnd = YYRHSLOC(Rhs, 0).nEnd;       \
+        }                                                                    \
+    } while (0)
+
+/* A check may feed the grammar instead of the scanner. */
+#undef yylex
+#define yylex AI_GrammarLex
+
+/* Where the error an action may raise points. */
+#define AT(span) (AI_spanError = (span))
+/* Tells a listening check what was read. */
+#define NOTE(call)                                                           \
+    do {                                                                     \
+        if (AI_pObserver)                                                    \
+            AI_pObserver->call;                                              \
+    } while (0)
 }
 
 %union {
@@ -98,8 +126,8 @@ class AI_CExpression;
 %%
 
 command_list
-    : command                   { $$ = AI_pParser->command_list($1); }
-    | command_list command      { $$ = AI_pParser->command_list($1, $2); }
+    : command                   { $$ = AI_pParser->command_list($1); NOTE(CommandList($$, @$)); }
+    | command_list command      { $$ = AI_pParser->command_list($1, $2); NOTE(CommandList($$, @$)); }
     ;
 
 command
@@ -112,12 +140,16 @@ command
 
 load_command
     : '(' TOK_RW_LOAD file_name ')'
-                                { $$ = AI_pParser->load_command($3); }
+                                { $$ = AI_pParser->load_command($3); NOTE(Command($$, @$, @3)); }
     ;
 
 load_random_command
     : '(' TOK_RW_LOAD_RANDOM load_option_list opt_file_name ')'
-                                { $$ = AI_pParser->load_random_command($3, $4); }
+                                {
+                                  AT(@2);
+                                  $$ = AI_pParser->load_random_command($3, $4);
+                                  NOTE(Command($$, @$, @2));
+                                }
     ;
 
 load_option_list
@@ -127,7 +159,7 @@ load_option_list
     ;
 
 load_option
-    : TOK_INTEGER file_name     { $$ = AI_pParser->load_option($1, $2); }
+    : TOK_INTEGER file_name     { AT(@1); NOTE(LoadOption($1, @1)); $$ = AI_pParser->load_option($1, $2); }
     ;
 
 opt_file_name
@@ -137,7 +169,7 @@ opt_file_name
 
 defrule_command
     : '(' TOK_RW_DEFRULE ce_list TOK_ARROW action_list ')'
-                                { $$ = AI_pParser->defrule_command($3, $5); }
+                                { $$ = AI_pParser->defrule_command($3, $5); NOTE(Command($$, @$, @2)); }
     ;
 
 ce_list
@@ -153,17 +185,26 @@ action_list
 
 defconst_command
     : '(' TOK_RW_DEFCONST TOK_SYMBOL const_value ')'
-                                { $$ = AI_pParser->defconst_command($3, $4); }
+                                {
+                                  AT(@3);
+                                  NOTE(ConstantName($3, @3));
+                                  $$ = AI_pParser->defconst_command($3, $4);
+                                  NOTE(Command($$, @$, @3));
+                                }
     ;
 
 const_value
     : TOK_INTEGER               { $$ = AI_pParser->const_value($1); }
-    | symbol                    { $$ = AI_pParser->const_value($1); }
+    | symbol                    { AT(@1); NOTE(ValueSymbol($1, @1)); $$ = AI_pParser->const_value($1); }
     ;
 
 block
     : '#' if_dir symbol command_list '#' opt_else TOK_D_END_IF
-                                { $$ = AI_pParser->block($2, $3, $4, $6); }
+                                {
+                                  AT(@3);
+                                  $$ = AI_pParser->block($2, $3, $4, $6);
+                                  NOTE(Command($$, @$, @3));
+                                }
     ;
 
 if_dir
@@ -190,7 +231,7 @@ conditional_element
 
 test_CE
     : '(' fact_function_name expr_list ')'
-                                { $$ = AI_pParser->test_CE($2, $3); }
+                                { AT(@2); $$ = AI_pParser->test_CE($2, $3); }
     ;
 
 not_CE
@@ -230,35 +271,35 @@ nand_CE
 
 action
     : '(' action_function_name expr_list ')'
-                                { $$ = AI_pParser->action($2, $3); }
+                                { AT(@2); $$ = AI_pParser->action($2, $3); }
     ;
 
 expr_list
-    : %empty                    { $$ = AI_pParser->expr_list(); }
-    | expr_list expression      { $$ = AI_pParser->expr_list($1, $2); }
+    : %empty                    { NOTE(ArgumentsBegin()); $$ = AI_pParser->expr_list(); }
+    | expr_list expression      { NOTE(Argument(@2)); $$ = AI_pParser->expr_list($1, $2); }
     ;
 
 fact_function_name
-    : symbol                    { $$ = AI_pParser->fact_function_name($1); }
+    : symbol                    { AT(@1); $$ = AI_pParser->fact_function_name($1); }
     ;
 
 action_function_name
-    : symbol                    { $$ = AI_pParser->action_function_name($1); }
+    : symbol                    { AT(@1); $$ = AI_pParser->action_function_name($1); }
     ;
 
 expression
-    : symbol                    { $$ = AI_pParser->expression($1); }
+    : symbol                    { AT(@1); NOTE(ValueSymbol($1, @1)); $$ = AI_pParser->expression($1); }
     | string                    { $$ = AI_pParser->expression($1); }
     | rel_op                    { $$ = AI_pParser->expression($1); }
     | TOK_INTEGER               { $$ = AI_pParser->expression($1); }
     ;
 
 file_name
-    : string                    { $$ = AI_pParser->file_name($1); }
+    : string                    { $$ = AI_pParser->file_name($1); NOTE(FileName($$, @$)); }
     ;
 
 symbol
-    : TOK_SYMBOL                { $$ = AI_pParser->symbol($1); }
+    : TOK_SYMBOL                { AT(@1); $$ = AI_pParser->symbol($1); }
     ;
 
 string

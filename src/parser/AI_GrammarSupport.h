@@ -30,15 +30,16 @@ char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable);
 // The stacks hold at most this many entries.
 #define AI_PARSER_STACK_MAX 10000
 
-// Doubles the parser's state and value stacks (up to the maximum), moving
+// Doubles the parser's state, value and location stacks (up to the maximum), moving
 // what they hold; a full stack at the maximum is a parse error. The grown
 // stacks live in process-wide storage that later parses reuse, so a parse
 // that ends by an exception leaves nothing to free.
-template <class State, class Value, class Size>
-void AI_GrowParserStacks(State **ppStates, Value **ppValues, Size *pnSize)
+template <class State, class Value, class Location, class Size>
+void AI_GrowParserStacks(State **ppStates, Value **ppValues, Location **ppLocations, Size *pnSize)
 {
     static std::vector<State> s_states;
     static std::vector<Value> s_values;
+    static std::vector<Location> s_locations;
     if (*pnSize >= AI_PARSER_STACK_MAX)
         ai_yyerror("parser stack overflow");
     Size nNewSize = std::min<Size>(*pnSize * 2, AI_PARSER_STACK_MAX);
@@ -46,11 +47,14 @@ void AI_GrowParserStacks(State **ppStates, Value **ppValues, Size *pnSize)
         // Still on the parser's initial stacks: copy them over.
         s_states.assign(*ppStates, *ppStates + *pnSize);
         s_values.assign(*ppValues, *ppValues + *pnSize);
+        s_locations.assign(*ppLocations, *ppLocations + *pnSize);
     }
     s_states.resize(nNewSize);
     s_values.resize(nNewSize);
+    s_locations.resize(nNewSize);
     *ppStates = s_states.data();
     *ppValues = s_values.data();
+    *ppLocations = s_locations.data();
     *pnSize = nNewSize;
 }
 

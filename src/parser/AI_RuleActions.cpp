@@ -238,7 +238,9 @@ void AI_CParser::CheckParams(AI_CFunction const *pFunction, AI_CExprList *pExpre
     POSITION position = pExpressions->GetExpressions().GetHeadPosition();
     for (int i = 0; position; ++i) {
         AI_CExpression const *pExpression = pExpressions->GetExpressions().GetNext(position);
-        if (!FitsType(params[i], pExpression))
+        if (!FitsType(params[i], pExpression)) {
+            AI_nBadArgument = i;
             AI_RaiseParseError(AI_PE_WRONG_PARAM, ArgumentText(pExpression));
+        }
     }
 }

@@ -1,0 +1,591 @@
+// Check mode: every file of a strategy, every path through it, every error.
+// The files are parsed by the check parser, which reads on after an error;
+// the walk below then follows every load, both branches of every block and
+// every option of every load-random, with the constants each path defines.
+#include "Check.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <new>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "../objects/AI_Objects.h"
+#include "../parser/AI_CException.h"
+#include "../parser/AI_CheckParser.h"
+#include "../parser/AI_FrontEnd.h"
+#include "../strategy/AI_CStrategy.h"
+#include "../vocabulary/AI_Vocabulary.h"
+#include "AI_Grammar.tab.h"
+#include "CheckMessages.h"
+#include "CheckText.h"
+#include "Describe.h"
+
+namespace stratagem {
+
+SourceProvider::~SourceProvider() {}
+
+bool SourceProvider::Read(std::string const &name, std::string &bytes, int &error) const
+{
+    std::FILE *pFile = std::fopen(name.c_str(), "rb");
+    if (!pFile) {
+        error = errno;
+        return false;
+    }
+    struct stat status;
+    if (fstat(fileno(pFile), &status) == 0 && S_ISDIR(status.st_mode)) {
+        std::fclose(pFile);
+        error = EISDIR;
+        return false;
+    }
+    bytes.clear();
+    char buffer[8192];
+    std::size_t nRead;
+    while ((nRead = std::fread(buffer, 1, sizeof buffer, pFile)) > 0)
+        bytes.append(buffer, nRead);
+    bool bFailed = std::ferror(pFile) != 0;
+    std::fclose(pFile);
+    if (bFailed)
+        error = EIO;
+    return !bFailed;
+}
+
+namespace {
+
+// One file of the strategy as the check read it.
+struct FileState
+{
+    std::string name;
+    ScriptText text;
+    std::unique_ptr<LineMap> lines;
+    std::vector<LoadStep> chain;
+    AI_CCommandList *pCommands = nullptr;
+    std::size_t nReport = 0;               // its entry in the report's files
+    std::vector<Suppression> suppressions;
+    std::vector<AI_Span> commands;         // every command's span, sorted once parsed
+    bool bWalking = false;
+    bool bWalked = false;
+};
+
+// Where a command lies and in which file.
+struct CommandSpans
+{
+    FileState *pFile;
+    AI_Span whole;
+    AI_Span name;
+};
+
+bool Contains(AI_Span outer, int nOffset)
+{
+    return nOffset >= outer.nBegin && nOffset < std::max(outer.nEnd, outer.nBegin + 1);
+}
+
+std::string Text(CString const *pString)
+{
+    return pString ? std::string(pString->GetString()) : std::string();
+}
+
+// The written name of a load: the target without the loading file's
+// directory and extension, which the parser added.
+std::string WrittenName(std::string const &loadingFile, std::string const &target)
+{
+    CString strDrive, strDirectory, strName, strExtension;
+    crt::SplitPath(loadingFile.c_str(), strDrive, strDirectory, strName, strExtension);
+    std::size_t nPrefix = strDrive.GetLength() + strDirectory.GetLength();
+    std::size_t nSuffix = strExtension.GetLength();
+    if (target.size() < nPrefix + nSuffix)
+        return target;
+    return target.substr(nPrefix, target.size() - nPrefix - nSuffix);
+}
+
+class Checker : public AI_CCheckListener
+{
+public:
+    Checker(CheckOptions const &options, CheckReport &report, std::string const &mainFile)
+        : m_options(options),
+          m_report(report),
+          m_strategy("check", mainFile.c_str(), options.settings),
+          m_parser(&m_strategy),
+          m_bExpandBlocks(AI_CParser::IsExpandBlocks())
+    {
+        AI_CParser::EnableExpandBlocks(0);
+        m_nFalse = AI_Symbol("false");
+        m_nTrue = AI_Symbol("true");
+    }
+
+    // What the check registered goes again, whatever way the check ends.
+    ~Checker() override
+    {
+        for (std::string const &name : m_newConstants) {
+            unsigned int nSID = AI_Symbol(name.c_str());
+            if (nSID && AI_IsConstant(nSID))
+                AI_DeleteConstant(nSID);
+        }
+        AI_CParser::EnableExpandBlocks(m_bExpandBlocks);
+    }
+
+    void Run(std::string const &mainFile)
+    {
+        for (std::string const &extra : m_options.extraFiles)
+            Reach(extra, {}, nullptr, {0, 0});
+        Reach(mainFile, {}, nullptr, {0, 0});
+        WarnUnusedConstants();
+        for (Diagnostic const &diagnostic : m_report.diagnostics)
+            ++(diagnostic.severity == Severity::Error ? m_report.errors : m_report.warnings);
+    }
+
+    // ---- what the parser reports -------------------------------------
+
+    void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
+    {
+        m_spans[pCommand] = {m_pCurrent, whole, name};
+        m_pCurrent->commands.push_back(whole);
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
+            m_loadOptions.clear();
+    }
+    void CommandList(AI_CCommandList *, AI_Span) override {}
+    void FileName(CString const *pFilename, AI_Span whole) override { m_fileNames[pFilename] = whole; }
+    void ValueSymbol(unsigned int nSID, AI_Span whole) override
+    {
+        if (!AI_IsConstant(nSID))
+            return;
+        m_usedConstants.insert(nSID);
+        Report().constantUses.push_back({AI_String(nSID).GetString(), ToRange(whole)});
+    }
+    void LoadOption(int nProbability, AI_Span whole) override { m_loadOptions.push_back({nProbability, whole}); }
+    void ConstantName(char const *pszName, AI_Span) override
+    {
+        if (!AI_Symbol(pszName))
+            m_newConstants.push_back(pszName);
+    }
+    void ArgumentsBegin() override {}
+    void Argument(AI_Span) override {}
+
+    void Error(AI_CParseException const &error, AI_Span span, int nPrevious, bool bInActions) override
+    {
+        ErrorContext context;
+        context.nPrevious = nPrevious;
+        context.bInActions = bInActions;
+        context.found = Source(span);
+        context.function = Source(AI_spanError);
+        context.nArgument = AI_nBadArgument;
+        Diagnostic diagnostic = ErrorDiagnostic(error, ToRange(span), context);
+        diagnostic.file = m_pCurrent->name;
+        diagnostic.loadedFrom = m_pCurrent->chain;
+        m_report.diagnostics.push_back(diagnostic);
+        if (error.GetCause() == AI_PE_PROBABILITY_SUM)
+            WarnUndrawableOptions();
+        m_loadOptions.clear();
+    }
+
+private:
+    struct Option
+    {
+        int nProbability;
+        AI_Span span;
+    };
+
+    FileReport &Report() { return m_report.files[m_pCurrent->nReport]; }
+    Range ToRange(AI_Span span) const { return m_pCurrent->lines->ToRange(span); }
+    std::string Source(AI_Span span) const
+    {
+        std::string const &text = m_pCurrent->text.text;
+        if (span.nBegin < 0 || span.nEnd > static_cast<int>(text.size()) || span.nEnd <= span.nBegin)
+            return std::string();
+        return text.substr(span.nBegin, span.nEnd - span.nBegin);
+    }
+
+    // ---- reading files -------------------------------------------------
+
+    // The file's state, parsing it on its first visit; null when it cannot
+    // be read (an E100 at the string that names it).
+    FileState *Open(std::string const &name, std::vector<LoadStep> const &chain, FileState *pSite, AI_Span site)
+    {
+        auto found = m_files.find(name);
+        if (found != m_files.end())
+            return found->second.get();
+        std::string bytes;
+        int nError = 0;
+        SourceProvider const defaultSources;
+        SourceProvider const &sources = m_options.sources ? *m_options.sources : defaultSources;
+        if (!sources.Read(name, bytes, nError)) {
+            Diagnostic diagnostic = UnopenableFile(name, nError);
+            if (pSite) {
+                diagnostic.file = pSite->name;
+                diagnostic.range = pSite->lines->ToRange(site);
+                diagnostic.loadedFrom = pSite->chain;
+            } else {
+                diagnostic.file = name;
+            }
+            m_report.diagnostics.push_back(diagnostic);
+            return nullptr;
+        }
+        std::unique_ptr<FileState> pFile(new FileState);
+        pFile->name = name;
+        pFile->text = ReadTextMode(bytes);
+        pFile->lines.reset(new LineMap(pFile->text.text));
+        pFile->chain = chain;
+        pFile->suppressions = FindSuppressions(pFile->text.text);
+        pFile->nReport = m_report.files.size();
+        m_report.files.push_back(FileReport());
+        m_report.files.back().file = name;
+        m_report.files.back().loadedFrom = chain;
+        FileState *pState = pFile.get();
+        m_files[name] = std::move(pFile);
+        Parse(*pState);
+        return pState;
+    }
+
+    void Parse(FileState &file)
+    {
+        FileState *pOuter = m_pCurrent;
+        m_pCurrent = &file;
+        if (file.text.bByteOrderMark)
+            Warn(kByteOrderMarkSkipped, "a UTF-8 byte-order mark at the start of the file is skipped", {0, 0});
+        m_loadOptions.clear();
+        std::string const &text = file.text.text;
+        file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
+        std::sort(file.commands.begin(), file.commands.end(),
+                  [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        Survey(file.pCommands, Report().outline);
+        m_pCurrent = pOuter;
+    }
+
+    // ---- following every path ------------------------------------------
+
+    void Reach(std::string const &name, std::vector<LoadStep> const &chain, FileState *pSite, AI_Span site)
+    {
+        FileState *pFile = Open(name, chain, pSite, site);
+        MarkLoaded(name);
+        if (!pFile || pFile->bWalking || pFile->bWalked)
+            return;
+        pFile->bWalking = true;
+        Walk(*pFile, pFile->pCommands);
+        pFile->bWalking = false;
+        pFile->bWalked = true;
+    }
+
+    void Walk(FileState &file, AI_CCommandList const *pCommands)
+    {
+        if (!pCommands)
+            return;
+        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        for (POSITION position = commands.GetHeadPosition(); position;)
+            WalkCommand(file, commands.GetNext(position));
+    }
+
+    void WalkCommand(FileState &file, AI_CCommand *pCommand)
+    {
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+            AddConstant(pDefconst->GetSID(), pDefconst->GetValue());
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
+            Load(file, pCommand, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename(), true);
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
+            auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
+            std::vector<std::function<void()>> alternatives;
+            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
+                auto const &options = pOptions->GetLoadOptions();
+                for (POSITION position = options.GetHeadPosition(); position;) {
+                    CString const *pFilename = options.GetNext(position)->GetFilename();
+                    alternatives.push_back([=, &file] { Load(file, pCommand, pFilename, false); });
+                }
+            }
+            if (CString const *pDefault = pRandom->GetFilename())
+                alternatives.push_back([=, &file] { Load(file, pCommand, pDefault, false); });
+            Alternatives(alternatives);
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
+            auto *pBlock = static_cast<AI_CBlock *>(pCommand);
+            Alternatives({[=, &file] { Walk(file, pBlock->GetIfCommands()); },
+                          [=, &file] { Walk(file, pBlock->GetElseCommands()); }});
+        }
+    }
+
+    void Load(FileState &file, AI_CCommand *pCommand, CString const *pFilename, bool bPlainLoad)
+    {
+        if (!pFilename)
+            return;
+        std::string target = Text(pFilename);
+        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : m_spans[pCommand].whole;
+        if (bPlainLoad && m_loaded.count(target) && m_loaded[target] > 0) {
+            m_pCurrent = &file;
+            Warn(kLoadedTwice, "'" + target + "' is already loaded on this path", site);
+        }
+        std::vector<LoadStep> chain = file.chain;
+        int nLine, nColumn;
+        file.lines->Position(m_spans[pCommand].whole.nBegin, nLine, nColumn);
+        chain.push_back({file.name, nLine, nColumn});
+        Reach(target, chain, &file, site);
+    }
+
+    // Each alternative starts from the constants and loads as they stand
+    // before them; afterwards the constants any of them defined are kept
+    // (the first value wins), the loads are forgotten.
+    void Alternatives(std::vector<std::function<void()>> const &alternatives)
+    {
+        std::size_t nConstants = m_constantJournal.size();
+        std::size_t nLoads = m_loadJournal.size();
+        std::vector<std::pair<unsigned int, int>> defined;
+        for (auto const &alternative : alternatives) {
+            RestoreConstants(nConstants);
+            RestoreLoads(nLoads);
+            alternative();
+            for (std::size_t i = nConstants; i < m_constantJournal.size(); ++i)
+                defined.push_back({m_constantJournal[i], m_strategy.Constant(m_constantJournal[i], 0)});
+        }
+        RestoreConstants(nConstants);
+        RestoreLoads(nLoads);
+        for (auto const &constant : defined)
+            AddConstant(constant.first, constant.second);
+    }
+
+    void AddConstant(unsigned int nSID, int nValue)
+    {
+        if (m_strategy.Constant(nSID, 0) == AI_NO_VALUE)
+            m_constantJournal.push_back(nSID);
+        m_strategy.AddConstantValue(nSID, nValue);
+    }
+
+    void RestoreConstants(std::size_t nMark)
+    {
+        for (; m_constantJournal.size() > nMark; m_constantJournal.pop_back())
+            m_strategy.DeleteConstant(m_constantJournal.back());
+    }
+
+    void MarkLoaded(std::string const &name)
+    {
+        ++m_loaded[name];
+        m_loadJournal.push_back(name);
+    }
+
+    void RestoreLoads(std::size_t nMark)
+    {
+        for (; m_loadJournal.size() > nMark; m_loadJournal.pop_back())
+            --m_loaded[m_loadJournal.back()];
+    }
+
+    // ---- what a file holds: outline, definitions, rule warnings ---------
+
+    void Survey(AI_CCommandList const *pCommands, std::vector<OutlineItem> &outline)
+    {
+        if (!pCommands)
+            return;
+        std::unordered_map<std::string, AI_Span> rules;
+        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        for (POSITION position = commands.GetHeadPosition(); position;) {
+            AI_CCommand *pCommand = commands.GetNext(position);
+            auto found = m_spans.find(pCommand);
+            if (found == m_spans.end())
+                continue;
+            OutlineItem item;
+            item.range = ToRange(found->second.whole);
+            item.selectionRange = ToRange(found->second.name);
+            Describe(pCommand, found->second, item, rules);
+            outline.push_back(item);
+        }
+    }
+
+    void Describe(AI_CCommand *pCommand, CommandSpans const &spans, OutlineItem &item,
+                  std::unordered_map<std::string, AI_Span> &rules)
+    {
+        FileReport &report = Report();
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
+            item.kind = OutlineKind::Rule;
+            item.name = "defrule";
+            SurveyRule(static_cast<AI_CDefruleCommand *>(pCommand), spans, rules);
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+            item.kind = OutlineKind::Constant;
+            item.name = AI_String(pDefconst->GetSID()).GetString();
+            item.detail = std::to_string(pDefconst->GetValue());
+            report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
+            NoteConstantSID(pDefconst->GetSID());
+            if (m_definitions.insert({pDefconst->GetSID(), {m_pCurrent, spans.name}}).second)
+                m_definitionOrder.push_back(pDefconst->GetSID());
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
+            CString const *pFilename = static_cast<AI_CLoadCommand *>(pCommand)->GetFilename();
+            item.kind = OutlineKind::Load;
+            item.name = WrittenName(m_pCurrent->name, Text(pFilename));
+            item.detail = Text(pFilename);
+            AddLoadReference(pFilename);
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
+            auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
+            item.kind = OutlineKind::LoadRandom;
+            item.name = "load-random";
+            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
+                auto const &options = pOptions->GetLoadOptions();
+                for (POSITION position = options.GetHeadPosition(); position;) {
+                    AI_CLoadOption const *pOption = options.GetNext(position);
+                    AddLoadReference(pOption->GetFilename());
+                    item.detail += (item.detail.empty() ? "" : ", ") + std::to_string(pOption->GetProbability()) +
+                                   "% " + WrittenName(m_pCurrent->name, Text(pOption->GetFilename()));
+                }
+            }
+            if (CString const *pDefault = pRandom->GetFilename()) {
+                AddLoadReference(pDefault);
+                item.detail += (item.detail.empty() ? "default " : ", default ") +
+                               WrittenName(m_pCurrent->name, Text(pDefault));
+            }
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
+            auto *pBlock = static_cast<AI_CBlock *>(pCommand);
+            item.kind = OutlineKind::Block;
+            item.name = AI_String(pBlock->GetSID()).GetString();
+            item.detail = pBlock->GetIf() ? "#load-if-defined" : "#load-if-not-defined";
+            Survey(pBlock->GetIfCommands(), item.children);
+            Survey(pBlock->GetElseCommands(), item.children);
+        }
+    }
+
+    void AddLoadReference(CString const *pFilename)
+    {
+        if (!pFilename || !m_fileNames.count(pFilename))
+            return;
+        std::string target = Text(pFilename);
+        Report().loads.push_back(
+            {WrittenName(m_pCurrent->name, target), target, ToRange(m_fileNames[pFilename])});
+    }
+
+    void SurveyRule(AI_CDefruleCommand *pRule, CommandSpans const &spans,
+                    std::unordered_map<std::string, AI_Span> &rules)
+    {
+        std::string text = Normalized(m_pCurrent->text.text, spans.whole);
+        auto inserted = rules.insert({text, spans.whole});
+        if (!inserted.second) {
+            Range first = ToRange(inserted.first->second);
+            Warn(kIdenticalRule,
+                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice",
+                 spans.whole);
+        }
+        if (NeverFires(pRule))
+            Warn(kNeverFires, "this rule can never fire: one of its conditions is always false", spans.whole);
+    }
+
+    // A condition that is always false: (false), or (not (true)).
+    bool NeverFires(AI_CDefruleCommand const *pRule) const
+    {
+        if (!pRule->GetCEs())
+            return false;
+        auto const &conditions = pRule->GetCEs()->GetCEs();
+        for (POSITION position = conditions.GetHeadPosition(); position;) {
+            AI_CCE const *pCondition = conditions.GetNext(position);
+            if (IsFact(pCondition, m_nFalse))
+                return true;
+            if (pCondition->IsKindOf(RUNTIME_CLASS(AI_COpCE))) {
+                auto const *pOp = static_cast<AI_COpCE const *>(pCondition);
+                if (pOp->GetOp() == AI_COpCE::opNot && IsFact(pOp->GetCE1(), m_nTrue))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    static bool IsFact(AI_CCE const *pCondition, unsigned int nSID)
+    {
+        return nSID && pCondition && pCondition->IsKindOf(RUNTIME_CLASS(AI_CTestCE)) &&
+               static_cast<AI_CTestCE const *>(pCondition)->GetSID() == nSID;
+    }
+
+    // ---- warnings --------------------------------------------------------
+
+    void WarnUndrawableOptions()
+    {
+        // The draw runs from 0 to 100: an option after a sum of 100 or more
+        // never gets a value.
+        int nSum = 0;
+        for (Option const &option : m_loadOptions) {
+            if (nSum >= 100)
+                Warn(kOptionNeverDrawn,
+                     "this option can never be drawn: the options before it already reach " + std::to_string(nSum),
+                     option.span);
+            nSum += option.nProbability;
+        }
+    }
+
+    void WarnUnusedConstants()
+    {
+        for (unsigned int nSID : m_definitionOrder) {
+            if (m_usedConstants.count(nSID))
+                continue;
+            m_pCurrent = m_definitions[nSID].first;
+            Warn(kUnusedConstant,
+                 "constant '" + std::string(AI_String(nSID).GetString()) + "' is defined but never used",
+                 m_definitions[nSID].second);
+        }
+    }
+
+    void Warn(char const *pszCode, std::string const &message, AI_Span span)
+    {
+        if (Suppressed(*m_pCurrent, span.nBegin, pszCode))
+            return;
+        Diagnostic diagnostic;
+        diagnostic.file = m_pCurrent->name;
+        diagnostic.range = ToRange(span);
+        diagnostic.severity = Severity::Warning;
+        diagnostic.code = pszCode;
+        diagnostic.message = message;
+        diagnostic.loadedFrom = m_pCurrent->chain;
+        m_report.diagnostics.push_back(diagnostic);
+    }
+
+    // A directive before the first command holds for the whole file; any
+    // other for the command that follows it.
+    bool Suppressed(FileState const &file, int nOffset, std::string const &code) const
+    {
+        int nFirst = file.commands.empty() ? INT_MAX : file.commands.front().nBegin;
+        for (Suppression const &suppression : file.suppressions) {
+            if (std::find(suppression.codes.begin(), suppression.codes.end(), code) == suppression.codes.end())
+                continue;
+            if (suppression.nOffset < nFirst)
+                return true;
+            auto next = std::find_if(file.commands.begin(), file.commands.end(),
+                                     [&](AI_Span span) { return span.nBegin > suppression.nOffset; });
+            if (next != file.commands.end() && Contains(*next, nOffset))
+                return true;
+        }
+        return false;
+    }
+
+    CheckOptions const &m_options;
+    CheckReport &m_report;
+    AI_CStrategy m_strategy;
+    AI_CCheckParser m_parser;
+    int m_bExpandBlocks;
+    unsigned int m_nFalse = 0;
+    unsigned int m_nTrue = 0;
+
+    std::unordered_map<std::string, std::unique_ptr<FileState>> m_files;
+    FileState *m_pCurrent = nullptr;
+    std::unordered_map<AI_CCommand const *, CommandSpans> m_spans;
+    std::unordered_map<CString const *, AI_Span> m_fileNames;
+    std::vector<Option> m_loadOptions;  // of the load-random being read
+    std::vector<std::string> m_newConstants;
+    std::unordered_set<unsigned int> m_usedConstants;
+    std::unordered_map<unsigned int, std::pair<FileState *, AI_Span>> m_definitions;  // the first of each
+    std::vector<unsigned int> m_definitionOrder;
+    std::vector<unsigned int> m_constantJournal;  // constants first defined on the current path
+    std::unordered_map<std::string, int> m_loaded;  // loads on the current path
+    std::vector<std::string> m_loadJournal;
+};
+
+}  // namespace
+
+CheckReport Check(std::string const &mainFile, CheckOptions const &options)
+{
+    CheckReport report;
+    try {
+        Checker checker(options, report, mainFile);
+        checker.Run(mainFile);
+    } catch (std::bad_alloc const &) {
+        AfxThrowMemoryException();
+    }
+    return report;
+}
+
+}  // namespace stratagem
