@@ -27,7 +27,10 @@ end
 
 function M.setup(opts)
   opts = opts or {}
-  vim.filetype.add({ extension = { per = 'stratagem' } })
+  vim.api.nvim_create_autocmd({ 'BufRead', 'BufNewFile' }, {
+    pattern = '*.per',
+    command = 'setfiletype stratagem',
+  })
   vim.api.nvim_create_autocmd('FileType', {
     pattern = 'stratagem',
     callback = function(args)

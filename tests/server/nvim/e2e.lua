@@ -30,7 +30,8 @@ local function run()
   local main_path = dir .. '/main.per'
   write(main_path, {
     '; A small strategy with one mistake.',
-    '(load "constants")',
+    '(defconst goal-attack 3)',
+    '(load "rules")',
     '',
     '(defrule',
     '    (food-amout < 50)',
@@ -42,7 +43,14 @@ local function run()
     '=>',
     '    (set-goal goal-attack 2))',
   })
-  write(dir .. '/constants.per', { '; Shared names.', '(defconst goal-attack 3)' })
+  local rules_path = dir .. '/rules.per'
+  write(rules_path, {
+    '; Rules loaded after the constants.',
+    '(defrule',
+    '    (goal goal-attack 2)',
+    '=>',
+    '    (disable-self))',
+  })
 
   package.path = source_dir .. '/editors/nvim/?.lua;' .. package.path
   local exit_code
@@ -50,7 +58,6 @@ local function run()
     cmd = { lsp_binary },
     on_exit = function(code) exit_code = code end,
   })
-  vim.cmd('filetype on')
   vim.cmd('edit ' .. vim.fn.fnameescape(main_path))
   local buf = vim.api.nvim_get_current_buf()
   check(vim.bo[buf].filetype == 'stratagem', 'file type is set')
@@ -60,8 +67,8 @@ local function run()
   local diagnostics = vim.diagnostic.get(buf)
   if check(#diagnostics == 1, 'one diagnostic for the misspelt fact (got ' .. #diagnostics .. ')') then
     local d = diagnostics[1]
-    check(d.lnum == 4 and d.col == 5 and d.end_lnum == 4 and d.end_col == 15,
-      string.format('diagnostic range 4:5-4:15 (got %d:%d-%d:%d)', d.lnum, d.col, d.end_lnum, d.end_col))
+    check(d.lnum == 5 and d.col == 5 and d.end_lnum == 5 and d.end_col == 15,
+      string.format('diagnostic range 5:5-5:15 (got %d:%d-%d:%d)', d.lnum, d.col, d.end_lnum, d.end_col))
     check(d.severity == vim.diagnostic.severity.ERROR, 'diagnostic is an error')
     check(d.message:find('food-amout', 1, true) ~= nil, 'diagnostic names the word: ' .. d.message)
     check(d.message:find('food-amount', 1, true) ~= nil, 'diagnostic suggests food-amount')
@@ -69,7 +76,7 @@ local function run()
 
   local uri = vim.uri_from_bufnr(buf)
   local function request(method, line, character, extra)
-    local params = { textDocument = { uri = uri }, position = { line = line, character = character } }
+    local params = { textDocument = { uri = vim.uri_from_bufnr(0) }, position = { line = line, character = character } }
     for k, v in pairs(extra or {}) do params[k] = v end
     local responses = vim.lsp.buf_request_sync(buf, method, params, timeout)
     for _, response in pairs(responses or {}) do
@@ -79,34 +86,47 @@ local function run()
   end
 
   -- Hover over an action: its signature and parameter types.
-  local hover = request('textDocument/hover', 6, 6)
+  local hover = request('textDocument/hover', 7, 6)
   check(hover and hover.contents and hover.contents.value:find('train', 1, true) ~= nil, 'hover shows train')
 
   -- Hover over a constant: its value.
-  hover = request('textDocument/hover', 9, 12)
+  hover = request('textDocument/hover', 10, 12)
   check(hover and hover.contents.value:find('3', 1, true) ~= nil, 'hover shows the value of goal-attack')
 
   -- Completion where a condition goes: facts and connectives, no actions.
-  local completion = request('textDocument/completion', 9, 5)
+  local completion = request('textDocument/completion', 10, 5)
   local labels = {}
   for _, item in ipairs((completion and (completion.items or completion)) or {}) do labels[item.label] = true end
   check(labels['food-amount'] and labels['not'], 'completion offers facts and connectives')
   check(not labels['train'], 'completion offers no action in a condition')
 
   -- Completion at an action's argument: the words of its type.
-  completion = request('textDocument/completion', 6, 11)
+  completion = request('textDocument/completion', 7, 11)
   labels = {}
   for _, item in ipairs((completion and (completion.items or completion)) or {}) do labels[item.label] = true end
   check(labels['villager'] and not labels['food-amount'], 'completion offers units for train')
 
-  -- Definition of a constant: its defconst in the loaded file.
-  local definition = request('textDocument/definition', 9, 12)
+  -- Definition of a constant: its defconst.
+  local definition = request('textDocument/definition', 10, 12)
   local location = definition and (definition[1] or definition)
-  check(location and location.uri and location.uri:find('constants.per', 1, true) ~= nil
-    and location.range.start.line == 1, 'definition goes to the defconst')
+  check(location and location.uri == uri and location.range.start.line == 1, 'definition goes to the defconst')
+
+  -- Definition of a load string: the file it loads.
+  definition = request('textDocument/definition', 2, 8)
+  location = definition and (definition[1] or definition)
+  check(location and location.uri == vim.uri_from_fname(rules_path), 'definition of a load goes to the file')
+
+  -- The loaded file is analysed in the main file's strategy: its constant is known.
+  vim.cmd('edit ' .. vim.fn.fnameescape(rules_path))
+  local rules_buf = vim.api.nvim_get_current_buf()
+  vim.wait(timeout, function() return #vim.lsp.buf_get_clients(rules_buf) > 0 end, 20)
+  hover = request('textDocument/hover', 2, 12)
+  check(hover and hover.contents.value:find('= 3', 1, true) ~= nil, 'hover in a loaded file knows the constant')
+  check(#vim.diagnostic.get(rules_buf) == 0, 'no diagnostics in the loaded file')
+  vim.cmd('buffer ' .. buf)
 
   -- Edit the mistake away: the diagnostics clear.
-  vim.api.nvim_buf_set_text(buf, 4, 5, 4, 15, { 'food-amount' })
+  vim.api.nvim_buf_set_text(buf, 5, 5, 5, 15, { 'food-amount' })
   vim.wait(timeout, function() return #vim.diagnostic.get(buf) == 0 end, 20)
   check(#vim.diagnostic.get(buf) == 0, 'diagnostics clear after the fix')
 
