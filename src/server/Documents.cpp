@@ -74,8 +74,11 @@ std::vector<Document const *> DocumentStore::All() const
 
 std::vector<Token> const &DocumentStore::Tokens(Document &document) const
 {
+    // A string the end of the text cuts yields no token, one a line end
+    // cuts does: with a line end added, the string being typed at the very
+    // end of a buffer is seen too. Positions do not change.
     if (!document.tokens)
-        document.tokens = Tokenize(document.text.Content());
+        document.tokens = Tokenize(document.text.Content() + "\n");
     return *document.tokens;
 }
 
