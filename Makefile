@@ -53,6 +53,7 @@ bench: deps
 	$(CMAKE_GEN) -B build-bench -DSTRATAGEM_BENCH=ON -DSTRATAGEM_TESTS=OFF >/dev/null
 	cmake --build build-bench -j $(JOBS)
 	build-bench/bench/stratagem_bench
+	build-bench/bench/stratagem_lsp_bench
 
 fuzz: fuzz-deps
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DSTRATAGEM_FUZZ=ON -DSTRATAGEM_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null

@@ -69,13 +69,25 @@ std::vector<FileDiagnostics> Workspace::Analyse(std::set<std::string> const &cha
     for (auto analysis = m_analyses.begin(); analysis != m_analyses.end();)
         analysis = candidates.count(analysis->first) ? std::next(analysis) : m_analyses.erase(analysis);
 
-    for (std::string const &main : candidates) {
+    // Configured main files first: an open document one of them reads is
+    // analysed in that strategy only, never on its own.
+    auto const refresh = [&](std::string const &main) {
         auto const found = m_analyses.find(main);
         bool const stale = all || found == m_analyses.end() ||
                            std::any_of(changed.begin(), changed.end(),
                                        [&](std::string const &path) { return found->second.files.count(path); });
         if (stale)
             Run(main, m_analyses[main]);
+    };
+    for (std::string const &main : m_settings.mainFiles)
+        refresh(main);
+    for (Document const *document : m_documents.All()) {
+        bool const configured = std::any_of(m_settings.mainFiles.begin(), m_settings.mainFiles.end(),
+                                            [&](std::string const &main) { return Covers(main, document->path); });
+        if (configured)
+            m_analyses.erase(document->path);
+        else
+            refresh(document->path);
     }
 
     // Every file of every strategy gets a list, empty or not; a file that
