@@ -1,6 +1,7 @@
 #include "Documents.h"
 
 #include <algorithm>
+#include <string>
 
 #include "Uri.h"
 
@@ -34,7 +35,6 @@ bool DocumentStore::Change(std::string const &uri, int version, std::vector<Cont
             document->text.Assign(change.text);
     }
     document->version = version;
-    document->tokens.reset();
     return true;
 }
 
@@ -72,14 +72,51 @@ std::vector<Document const *> DocumentStore::All() const
     return documents;
 }
 
-std::vector<Token> const &DocumentStore::Tokens(Document &document) const
+namespace {
+
+// How far back a command's first line is looked for before the whole
+// beginning of the text is read instead.
+int const kMaxCommandLines = 5000;
+
+// A line that starts a top-level command: its first word opens a rule, a
+// constant, a load or a directive. Such words stand nowhere else at the
+// start of a line in a well-formed script.
+bool StartsCommand(std::string const &line)
 {
-    // A string the end of the text cuts yields no token, one a line end
-    // cuts does: with a line end added, the string being typed at the very
-    // end of a buffer is seen too. Positions do not change.
-    if (!document.tokens)
-        document.tokens = Tokenize(document.text.Content() + "\n");
-    return *document.tokens;
+    std::size_t const first = line.find_first_not_of(" \t");
+    if (first == std::string::npos)
+        return false;
+    if (line[first] == '#')
+        return true;
+    for (char const *keyword : {"(defrule", "(defconst", "(load"})
+        if (line.compare(first, std::char_traits<char>::length(keyword), keyword) == 0)
+            return true;
+    return false;
+}
+
+}  // namespace
+
+// Editor requests look at one command, so only that command is scanned,
+// not a text of thousands of rules. A string the end of the text cuts
+// yields no token while one a line end cuts does: the line end added makes
+// the string being typed at the very end of a buffer a token too.
+std::vector<Token> DocumentStore::TokensAround(Document const &document, int line)
+{
+    Text const &text = document.text;
+    int const last = std::min(std::max(line - 1, 0), text.LineCount() - 1);
+    int first = last;
+    while (first > 0 && last - first < kMaxCommandLines && !StartsCommand(text.Line(first)))
+        --first;
+    if (!StartsCommand(text.Line(first)))
+        first = 0;
+    std::size_t const begin = text.Offset({first, 0});
+    std::size_t const end = last + 1 < text.LineCount() ? text.Offset({last + 1, 0}) : text.Content().size();
+    std::vector<Token> tokens = Tokenize(text.Content().substr(begin, end - begin) + "\n");
+    for (Token &token : tokens) {
+        token.range.line += first;
+        token.range.endLine += first;
+    }
+    return tokens;
 }
 
 bool DocumentStore::Read(std::string const &name, std::string &bytes, int &error) const

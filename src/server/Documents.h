@@ -22,8 +22,6 @@ struct Document
     Text text;
     int version = 0;
     std::uint64_t opened = 0;  // order of opening, for stable choices between documents
-    // The token stream of the text, made when first asked for.
-    std::optional<std::vector<Token>> tokens;
 };
 
 // One content change of didChange: a range edit, or the whole text when
@@ -50,8 +48,9 @@ public:
     Document const *FindPath(std::string const &path) const;
     std::vector<Document const *> All() const;  // in order of opening
 
-    // The tokens of a document's current text.
-    std::vector<Token> const &Tokens(Document &document) const;
+    // The tokens of the top-level command around a 1-based line, through
+    // the end of that line, with their positions in the whole text.
+    static std::vector<Token> TokensAround(Document const &document, int line);
 
     bool Read(std::string const &name, std::string &bytes, int &error) const override;
 

@@ -221,7 +221,8 @@ Json Features::Hover(Json const &params)
     Target const target = Locate(params);
     if (!target.document)
         return nullptr;
-    Token const *token = TokenAt(m_documents.Tokens(*target.document), target.cursor);
+    std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
+    Token const *token = TokenAt(tokens, target.cursor);
     if (!token || token->code != TOK_SYMBOL)
         return nullptr;
     std::string const text = HoverText(*target.document, *token);
@@ -328,7 +329,8 @@ Json Features::Completion(Json const &params)
     Target const target = Locate(params);
     if (!target.document)
         return Json::array();
-    CursorContext const context = ContextAt(m_documents.Tokens(*target.document), target.cursor);
+    std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
+    CursorContext const context = ContextAt(tokens, target.cursor);
     return {{"isIncomplete", false}, {"items", CompletionItems(context, *target.document)}};
 }
 
@@ -339,7 +341,8 @@ Json Features::SignatureHelp(Json const &params)
     Target const target = Locate(params);
     if (!target.document)
         return nullptr;
-    CursorContext const context = ContextAt(m_documents.Tokens(*target.document), target.cursor);
+    std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
+    CursorContext const context = ContextAt(tokens, target.cursor);
     if (context.place != Place::Argument)
         return nullptr;
     std::string const label = Signature(context.function);
@@ -402,7 +405,8 @@ Json Features::Definition(Json const &params)
             return {{"uri", PathToUri(m_workspace.PathOf(load.target))}, {"range", {{"start", start}, {"end", start}}}};
         }
     }
-    Token const *token = TokenAt(m_documents.Tokens(*target.document), target.cursor);
+    std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
+    Token const *token = TokenAt(tokens, target.cursor);
     if (!token || token->code != TOK_SYMBOL)
         return nullptr;
     Json const locations = ConstantLocations(target.document->path, token->text, true, false);
@@ -415,7 +419,8 @@ Json Features::References(Json const &params)
     if (!target.document)
         return Json::array();
     bool const declarations = params.contains("context") && params["context"].value("includeDeclaration", false);
-    Token const *token = TokenAt(m_documents.Tokens(*target.document), target.cursor);
+    std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
+    Token const *token = TokenAt(tokens, target.cursor);
     if (!token || token->code != TOK_SYMBOL)
         return Json::array();
     return ConstantLocations(target.document->path, token->text, declarations, true);

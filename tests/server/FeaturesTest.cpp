@@ -223,6 +223,7 @@ TEST_F(Features, CompletesByPosition)
         {"(defrule (true) => (", {"train", "build"}, {"food-amount", "not"}},
         {"(defrule (true) => (train ", {"villager"}, {"house", "big", "food-amount"}},
         {"(defrule (true) => (build ", {"house"}, {"villager"}},
+        {"    (defrule (true) => (train ", {"villager"}, {"house"}},  // indented, as inside a block
         {"(defrule (food-amount ", {"less-than", "greater-or-equal"}, {"villager"}},
         {"(defrule (food-amount < ", {"big", "goal-attack"}, {"villager", "less-than"}},
         {"(defrule (true) => (set-goal ", {"goal-attack"}, {"big"}},  // 1 to 40: 500 does not fit
