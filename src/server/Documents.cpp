@@ -1,6 +1,8 @@
 #include "Documents.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <filesystem>
 #include <string>
 
 #include "Uri.h"
@@ -78,6 +80,8 @@ namespace {
 // beginning of the text is read instead.
 int const kMaxCommandLines = 5000;
 
+std::uintmax_t const kMaxFileBytes = 256u * 1024 * 1024;
+
 // A line that starts a top-level command: its first word opens a rule, a
 // constant, a load or a directive. Such words stand nowhere else at the
 // start of a line in a well-formed script.
@@ -119,13 +123,33 @@ std::vector<Token> DocumentStore::TokensAround(Document const &document, int lin
     return tokens;
 }
 
+// A script names the files it loads, so it can name a device or a pipe
+// (the server's own standard input among them) or a huge file: only
+// regular files of a script's size are read.
 bool DocumentStore::Read(std::string const &name, std::string &bytes, int &error) const
 {
     if (Document const *document = FindPath(NormalPath(name))) {
         bytes = document->text.Content();
         return true;
     }
-    return m_disk ? m_disk->Read(name, bytes, error) : SourceProvider::Read(name, bytes, error);
+    if (m_disk)
+        return m_disk->Read(name, bytes, error);
+    std::error_code status;
+    std::filesystem::file_status const file = std::filesystem::status(name, status);
+    if (!status && std::filesystem::exists(file)) {
+        int refusal = 0;
+        if (std::filesystem::is_directory(file))
+            refusal = EISDIR;
+        else if (!std::filesystem::is_regular_file(file))
+            refusal = EINVAL;
+        else if (std::filesystem::file_size(name, status) > kMaxFileBytes)
+            refusal = EFBIG;
+        if (refusal) {
+            error = refusal;
+            return false;
+        }
+    }
+    return SourceProvider::Read(name, bytes, error);
 }
 
 }  // namespace stratagem::server

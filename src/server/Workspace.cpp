@@ -134,12 +134,4 @@ FileContext Workspace::ContextOf(std::string const &path) const
     return {};
 }
 
-std::vector<FileReport const *> Workspace::Files(CheckReport const &report) const
-{
-    std::vector<FileReport const *> files;
-    for (FileReport const &file : report.files)
-        files.push_back(&file);
-    return files;
-}
-
 }  // namespace stratagem::server

@@ -53,8 +53,6 @@ public:
     // The strategy a file is analysed in: that of a main file that reaches
     // it, else its own.
     FileContext ContextOf(std::string const &path) const;
-    // Every file report of a check, by normal path.
-    std::vector<FileReport const *> Files(CheckReport const &report) const;
     std::string PathOf(std::string const &reportedName) const;
 
 private:
