@@ -69,6 +69,7 @@ Server::Server(std::ostream &out, ReadLimits limits, SourceProvider const *disk)
         {"textDocument/didSave", [this](Json const &params) { Reanalyse({PathOfUri(params)}); }},
         {"textDocument/didClose", [this](Json const &params) { DidClose(params); }},
         {"workspace/didChangeConfiguration", [this](Json const &params) { DidChangeConfiguration(params); }},
+        {"workspace/didChangeWatchedFiles", [this](Json const &params) { DidChangeWatchedFiles(params); }},
     };
 }
 
@@ -134,7 +135,9 @@ void Server::Dispatch(Json const &message)
         return;
     }
     std::string const method = message["method"].get<std::string>();
-    Json const params = message.value("params", Json::object());
+    Json params = message.value("params", Json::object());
+    if (params.is_null())
+        params = Json::object();  // "params": null, as some clients send with shutdown
 
     if (method == "exit") {
         m_state = State::Exited;
@@ -258,8 +261,10 @@ void Server::Configure(Json const &options)
 {
     WorkspaceSettings settings;
     settings.root = m_root;
-    Json const mainFiles = options.value("mainFiles", Json::array());
-    for (Json const &file : mainFiles.is_array() ? mainFiles : Json::array()) {
+    Json mainFiles = options.value("mainFiles", Json::array());
+    if (!mainFiles.is_array())
+        mainFiles = Json::array({mainFiles});  // one name alone
+    for (Json const &file : mainFiles) {
         if (file.is_string())
             settings.mainFiles.push_back(NormalPath(file.get<std::string>(), m_root));
         else
@@ -314,6 +319,15 @@ void Server::DidClose(Json const &params)
 {
     if (m_documents.Close(params.at("textDocument").at("uri").get<std::string>()))
         Reanalyse({PathOfUri(params)});
+}
+
+// Files changed on disk: the strategies that read them are checked again.
+void Server::DidChangeWatchedFiles(Json const &params)
+{
+    std::set<std::string> changed;
+    for (Json const &change : params.at("changes"))
+        changed.insert(NormalPath(UriToPath(change.at("uri").get<std::string>())));
+    Reanalyse(changed);
 }
 
 void Server::DidChangeConfiguration(Json const &params)

@@ -73,6 +73,7 @@ private:
     void DidChange(Json const &params);
     void DidClose(Json const &params);
     void DidChangeConfiguration(Json const &params);
+    void DidChangeWatchedFiles(Json const &params);
     void Reanalyse(std::set<std::string> const &changed, bool all = false);
 
     std::ostream &m_out;

@@ -158,7 +158,8 @@ TEST_F(Features, WarnsAboutUnknownSettings)
     Row const rows[] = {{{{"settings", {{"nMapSize", 5}}}, {"defines", {"REGICIDE"}}}, 0},
                         {{{"settings", {{"nMapSize", "big"}, {"noSuchField", 1}}}}, 2},
                         {{{"defines", {"NO-SUCH-WORD", 3}}}, 2},
-                        {{{"mainFiles", "main.per"}}, 0}};
+                        {{{"mainFiles", "main.per"}}, 0},
+                        {{{"mainFiles", {"main.per", 7}}}, 1}};
     for (Row const &row : rows) {
         Session session;
         session.Initialize().Notify("workspace/didChangeConfiguration", {{"settings", {{"stratagem", row.options}}}});

@@ -160,6 +160,18 @@ TEST_F(Protocol, RefusesRequestsAfterShutdown)
     EXPECT_EQ(-32600, ResponseTo(messages, 3)["error"]["code"]);
 }
 
+// Requests without params take "params": null or no params at all.
+TEST_F(Protocol, AcceptsRequestsWithoutParams)
+{
+    Session session;
+    session.Initialize()
+        .Send(Envelope({{"id", 1}, {"method", "shutdown"}, {"params", nullptr}}))
+        .Send(Envelope({{"id", 2}, {"method", "shutdown"}}));
+    std::vector<Json> const messages = session.Run();
+    EXPECT_TRUE(ResponseTo(messages, 1).contains("result")) << ResponseTo(messages, 1).dump();
+    EXPECT_EQ(-32600, ResponseTo(messages, 2)["error"]["code"]);  // already shut down
+}
+
 TEST_F(Protocol, SkipsOversizedMessages)
 {
     stratagem::server::ReadLimits limits;
