@@ -11,6 +11,8 @@ namespace {
 
 double const kMaxGrowth = 110.0;       // 100x the size in at most 110x the time
 double const kMaxScannerFactor = 4.0;  // analysis over the bare scan
+double const kMaxCheckFactor = 1.5;    // check mode over the analysis, on the largest strategy
+char const kCheckBarCase[] = "rules:100000";
 
 std::string Cell(double dValue, char const *pszFormat)
 {
@@ -83,6 +85,16 @@ bool SummaryReporter::PrintSummary(std::vector<CaseInfo> const &cases, std::ostr
             << " | " << ms(pAnalysis) << " | " << ms(pListing) << " | " << ms(pScanner) << " | " << ratio
             << " | " << speed << " | " << rss << " | " << heap << " |\n";
     }
+    if (Result const *pCheck = Find("check", kCheckBarCase))
+        if (Result const *pAnalysis = Find("analysis", kCheckBarCase))
+        {
+            double dRatio = pCheck->dMilliseconds / pAnalysis->dMilliseconds;
+            bool bCheckHolds = dRatio <= kMaxCheckFactor;
+            out << "\ncheck/" << kCheckBarCase << ": " << Cell(pCheck->dMilliseconds, "%.1f") << " ms, "
+                << Cell(dRatio, "%.2f") << "x the analysis" << (bCheckHolds ? " (at most " : " (OVER ")
+                << Cell(kMaxCheckFactor, "%.1f") << "x)\n";
+            bHolds &= bCheckHolds;
+        }
     out << "\nCPU time per analysis (median of the repetitions, which run interleaved); MB/s is the\n"
            "analysis alone; peak RSS is the process's so far; heap is what one analysed strategy holds.\n\n";
     for (char const *pszKind : {"analysis", "analysis+listing"})

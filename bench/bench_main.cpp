@@ -1,7 +1,9 @@
 // stratagem_bench: analysis speed on generated strategies of 1,000, 10,000
 // and 100,000 rules, and of 1,000 to 100,000 constants. For each strategy it
-// measures the analysis alone, the analysis with the listing, and the bare
-// scan of the same files (the floor no analysis can go below), then prints a
+// measures the analysis alone, the analysis with the listing, the bare
+// scan of the same files (the floor no analysis can go below) and check mode
+// over the same strategy (which also reads every load-random option), then
+// prints a
 // table and judges the performance bars (exit status 1 when one fails). A
 // small size is measured over several distinct strategies (BenchCase.h).
 #include <benchmark/benchmark.h>
@@ -17,6 +19,7 @@
 #include "BenchSupport.h"
 #include "StrategyGenerator.h"
 #include "SummaryReporter.h"
+#include "check/Check.h"
 #include "stratagem.h"
 
 namespace {
@@ -128,6 +131,27 @@ void RunAnalysis(benchmark::State &state, Case *pCase, bool bListing)
         state.counters["listing_bytes"] = static_cast<double>(listing.Count()) / state.iterations();
 }
 
+// Check mode on the same strategy: every file, every path, every error.
+void RunCheck(benchmark::State &state, Case *pCase)
+{
+    bool bDone = Guarded(state, [&] {
+        if (!Prepare(*pCase, state))
+            return;
+        for (auto _ : state)
+        {
+            GeneratedStrategy const &generated = pCase->Next();
+            stratagem::CheckOptions options;
+            options.settings = generated.settings;
+            options.fileReports = false;  // as the command line checks: diagnostics only
+            stratagem::CheckReport report = stratagem::Check(generated.mainFile, options);
+            if (report.errors != 0)
+                state.SkipWithError("the check found errors in a generated strategy");
+        }
+    });
+    if (bDone)
+        SetRates(state, *pCase);
+}
+
 void RunScanner(benchmark::State &state, Case *pCase)
 {
     long long nTokens = 0;
@@ -169,6 +193,7 @@ void Register(Case *pCase)
     Configure(
         benchmark::RegisterBenchmark(("analysis+listing/" + pCase->Info().label).c_str(), RunAnalysis, pCase, true));
     Configure(benchmark::RegisterBenchmark(("scanner/" + pCase->Info().label).c_str(), RunScanner, pCase));
+    Configure(benchmark::RegisterBenchmark(("check/" + pCase->Info().label).c_str(), RunCheck, pCase));
 }
 
 }  // namespace

@@ -1,14 +1,19 @@
-// stratagem: analyse a strategy and print its listing (or its object tree).
-// Exit status: 0 success, 1 the analysis failed, 2 bad command line.
+// stratagem: analyse a strategy and print its listing (or its object tree),
+// or with --check report every problem of one or more strategies.
+// Exit status: 0 success, 1 the analysis failed (or found errors), 2 bad
+// command line.
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 #include <unistd.h>
 
+#include "CheckMode.h"
 #include "Options.h"
 #include "Output.h"
+#include "vocabulary/AI_SettingsFields.h"
 #include "TreePrinter.h"
 #include "stratagem.h"
 
@@ -65,6 +70,26 @@ bool Analyze(AI_CStrategy &strategy, std::string &message)
     return false;
 }
 
+// The check reports script errors as diagnostics; what it throws is an
+// allocation failure, which ends the run as it ends an analysis.
+int Check(CliOptions const &options)
+{
+    try
+    {
+        return RunCheck(options);
+    }
+    catch (CException *exception)
+    {
+        std::cerr << ErrorText(*exception) << std::endl;
+        delete exception;
+    }
+    catch (std::bad_alloc const &)
+    {
+        std::cerr << "Out of memory." << std::endl;
+    }
+    return EXIT_ANALYSIS_FAILED;
+}
+
 // Nothing reaches stdout unless the analysis succeeded.
 int Run(CliOptions const &options)
 {
@@ -109,6 +134,9 @@ int Dispatch(int argc, char const *const argv[])
     case CliCommand::Version:
         std::cout << "stratagem " STRATAGEM_VERSION << std::endl;
         return EXIT_OK;
+    case CliCommand::ListSettings:
+        WriteSettingsList(std::cout);
+        return EXIT_OK;
     case CliCommand::Usage:
         std::cerr << "stratagem: " << error << '\n';
         WriteUsage(std::cerr);
@@ -116,7 +144,7 @@ int Dispatch(int argc, char const *const argv[])
     case CliCommand::Analyze:
         break;
     }
-    return Run(options);
+    return options.bCheck ? Check(options) : Run(options);
 }
 
 } // namespace

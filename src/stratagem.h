@@ -9,5 +9,6 @@
 #include "parser/AI_CException.h"
 #include "parser/AI_CParser.h"
 #include "strategy/AI_CStrategy.h"
+#include "check/Check.h"
 
 #endif

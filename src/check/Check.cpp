@@ -8,14 +8,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <climits>
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <new>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "../objects/AI_Objects.h"
 #include "../parser/AI_CException.h"
@@ -46,6 +45,8 @@ bool SourceProvider::Read(std::string const &name, std::string &bytes, int &erro
         return false;
     }
     bytes.clear();
+    if (fstat(fileno(pFile), &status) == 0 && status.st_size > 0)
+        bytes.reserve(static_cast<std::size_t>(status.st_size));
     char buffer[8192];
     std::size_t nRead;
     while ((nRead = std::fread(buffer, 1, sizeof buffer, pFile)) > 0)
@@ -59,6 +60,13 @@ bool SourceProvider::Read(std::string const &name, std::string &bytes, int &erro
 
 namespace {
 
+// Where a command lies.
+struct CommandSpans
+{
+    AI_Span whole;
+    AI_Span name;
+};
+
 // One file of the strategy as the check read it.
 struct FileState
 {
@@ -69,17 +77,10 @@ struct FileState
     AI_CCommandList *pCommands = nullptr;
     std::size_t nReport = 0;               // its entry in the report's files
     std::vector<Suppression> suppressions;
-    std::vector<AI_Span> commands;         // every command's span, sorted once parsed
+    std::vector<AI_Span> commands;         // every command's span in text order, when suppressions need it
+    std::vector<std::pair<AI_CCommand const *, CommandSpans>> spans;  // by command, sorted once parsed
     bool bWalking = false;
     bool bWalked = false;
-};
-
-// Where a command lies and in which file.
-struct CommandSpans
-{
-    FileState *pFile;
-    AI_Span whole;
-    AI_Span name;
 };
 
 bool Contains(AI_Span outer, int nOffset)
@@ -145,9 +146,10 @@ public:
 
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
-        m_spans[pCommand] = {m_pCurrent, whole, name};
-        m_pCurrent->commands.push_back(whole);
-        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
+        m_pCurrent->spans.push_back({pCommand, {whole, name}});
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand)))
+            NoteConstantSID(static_cast<AI_CDefconstCommand *>(pCommand)->GetSID());  // for hints from here on
+        if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
     }
     void CommandList(AI_CCommandList *, AI_Span) override {}
@@ -156,8 +158,11 @@ public:
     {
         if (!AI_IsConstant(nSID))
             return;
-        m_usedConstants.insert(nSID);
-        Report().constantUses.push_back({AI_String(nSID).GetString(), ToRange(whole)});
+        if (nSID >= m_usedConstants.size())
+            m_usedConstants.resize(nSID + 1);
+        m_usedConstants[nSID] = true;
+        if (m_options.fileReports)
+            Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
     }
     void LoadOption(int nProbability, AI_Span whole) override { m_loadOptions.push_back({nProbability, whole}); }
     void ConstantName(char const *pszName, AI_Span) override
@@ -193,6 +198,24 @@ private:
     };
 
     FileReport &Report() { return m_report.files[m_pCurrent->nReport]; }
+
+    // Names of constants, looked up once each.
+    std::string const &NameOf(unsigned int nSID)
+    {
+        auto found = m_names.find(nSID);
+        if (found == m_names.end())
+            found = m_names.insert({nSID, AI_String(nSID).GetString()}).first;
+        return found->second;
+    }
+
+    // Every command of a file has its spans once the file is parsed.
+    static CommandSpans const &SpansOf(FileState const &file, AI_CCommand const *pCommand)
+    {
+        static CommandSpans const kNowhere = {{0, 0}, {0, 0}};
+        auto found = std::lower_bound(file.spans.begin(), file.spans.end(), pCommand,
+                                      [](auto const &entry, AI_CCommand const *p) { return entry.first < p; });
+        return found != file.spans.end() && found->first == pCommand ? found->second : kNowhere;
+    }
     Range ToRange(AI_Span span) const { return m_pCurrent->lines->ToRange(span); }
     std::string Source(AI_Span span) const
     {
@@ -229,7 +252,7 @@ private:
         }
         std::unique_ptr<FileState> pFile(new FileState);
         pFile->name = name;
-        pFile->text = ReadTextMode(bytes);
+        pFile->text = ReadTextMode(std::move(bytes));
         pFile->lines.reset(new LineMap(pFile->text.text));
         pFile->chain = chain;
         pFile->suppressions = FindSuppressions(pFile->text.text);
@@ -252,8 +275,14 @@ private:
         m_loadOptions.clear();
         std::string const &text = file.text.text;
         file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
-        std::sort(file.commands.begin(), file.commands.end(),
-                  [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        if (!file.suppressions.empty()) {
+            for (auto const &entry : file.spans)
+                file.commands.push_back(entry.second.whole);
+            std::sort(file.commands.begin(), file.commands.end(),
+                      [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
+        }
+        std::sort(file.spans.begin(), file.spans.end(),
+                  [](auto const &a, auto const &b) { return a.first < b.first; });
         Survey(file.pCommands, Report().outline);
         m_pCurrent = pOuter;
     }
@@ -290,21 +319,18 @@ private:
             Load(file, pCommand, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename(), true);
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
             auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
-            std::vector<std::function<void()>> alternatives;
+            std::vector<CString const *> files;
             if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
                 auto const &options = pOptions->GetLoadOptions();
-                for (POSITION position = options.GetHeadPosition(); position;) {
-                    CString const *pFilename = options.GetNext(position)->GetFilename();
-                    alternatives.push_back([=, &file] { Load(file, pCommand, pFilename, false); });
-                }
+                for (POSITION position = options.GetHeadPosition(); position;)
+                    files.push_back(options.GetNext(position)->GetFilename());
             }
             if (CString const *pDefault = pRandom->GetFilename())
-                alternatives.push_back([=, &file] { Load(file, pCommand, pDefault, false); });
-            Alternatives(alternatives);
+                files.push_back(pDefault);
+            Alternatives(static_cast<int>(files.size()), [&](int i) { Load(file, pCommand, files[i], false); });
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
             auto *pBlock = static_cast<AI_CBlock *>(pCommand);
-            Alternatives({[=, &file] { Walk(file, pBlock->GetIfCommands()); },
-                          [=, &file] { Walk(file, pBlock->GetElseCommands()); }});
+            Alternatives(2, [&](int i) { Walk(file, i == 0 ? pBlock->GetIfCommands() : pBlock->GetElseCommands()); });
         }
     }
 
@@ -313,32 +339,34 @@ private:
         if (!pFilename)
             return;
         std::string target = Text(pFilename);
-        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : m_spans[pCommand].whole;
+        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : SpansOf(file, pCommand).whole;
         if (bPlainLoad && m_loaded.count(target) && m_loaded[target] > 0) {
             m_pCurrent = &file;
             Warn(kLoadedTwice, "'" + target + "' is already loaded on this path", site);
         }
         std::vector<LoadStep> chain = file.chain;
         int nLine, nColumn;
-        file.lines->Position(m_spans[pCommand].whole.nBegin, nLine, nColumn);
+        file.lines->Position(SpansOf(file, pCommand).whole.nBegin, nLine, nColumn);
         chain.push_back({file.name, nLine, nColumn});
         Reach(target, chain, &file, site);
     }
 
     // Each alternative starts from the constants and loads as they stand
     // before them; afterwards the constants any of them defined are kept
-    // (the first value wins), the loads are forgotten.
-    void Alternatives(std::vector<std::function<void()>> const &alternatives)
+    // (the first value wins), the loads are forgotten. walk(i) reads the
+    // i-th of the nCount alternatives.
+    template <class Walk>
+    void Alternatives(int nCount, Walk walk)
     {
         std::size_t nConstants = m_constantJournal.size();
         std::size_t nLoads = m_loadJournal.size();
         std::vector<std::pair<unsigned int, int>> defined;
-        for (auto const &alternative : alternatives) {
+        for (int i = 0; i < nCount; ++i) {
             RestoreConstants(nConstants);
             RestoreLoads(nLoads);
-            alternative();
-            for (std::size_t i = nConstants; i < m_constantJournal.size(); ++i)
-                defined.push_back({m_constantJournal[i], m_strategy.Constant(m_constantJournal[i], 0)});
+            walk(i);
+            for (std::size_t k = nConstants; k < m_constantJournal.size(); ++k)
+                defined.push_back({m_constantJournal[k], m_strategy.Constant(m_constantJournal[k], 0)});
         }
         RestoreConstants(nConstants);
         RestoreLoads(nLoads);
@@ -377,23 +405,29 @@ private:
     {
         if (!pCommands)
             return;
-        std::unordered_map<std::string, AI_Span> rules;
+        std::vector<std::pair<std::uint64_t, AI_Span>> rules;
         CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        bool const bReports = m_options.fileReports;
+        if (bReports)
+            outline.reserve(outline.size() + commands.GetCount());
+        OutlineItem item;
         for (POSITION position = commands.GetHeadPosition(); position;) {
             AI_CCommand *pCommand = commands.GetNext(position);
-            auto found = m_spans.find(pCommand);
-            if (found == m_spans.end())
-                continue;
-            OutlineItem item;
-            item.range = ToRange(found->second.whole);
-            item.selectionRange = ToRange(found->second.name);
-            Describe(pCommand, found->second, item, rules);
-            outline.push_back(item);
+            CommandSpans const &spans = SpansOf(*m_pCurrent, pCommand);
+            if (bReports) {
+                item = OutlineItem();
+                item.range = ToRange(spans.whole);
+                item.selectionRange = ToRange(spans.name);
+            }
+            Describe(pCommand, spans, item, rules);
+            if (bReports)
+                outline.push_back(std::move(item));
         }
+        WarnIdenticalRules(rules);
     }
 
     void Describe(AI_CCommand *pCommand, CommandSpans const &spans, OutlineItem &item,
-                  std::unordered_map<std::string, AI_Span> &rules)
+                  std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
     {
         FileReport &report = Report();
         if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
@@ -405,8 +439,8 @@ private:
             item.kind = OutlineKind::Constant;
             item.name = AI_String(pDefconst->GetSID()).GetString();
             item.detail = std::to_string(pDefconst->GetValue());
-            report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
-            NoteConstantSID(pDefconst->GetSID());
+            if (m_options.fileReports)
+                report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
             if (m_definitions.insert({pDefconst->GetSID(), {m_pCurrent, spans.name}}).second)
                 m_definitionOrder.push_back(pDefconst->GetSID());
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
@@ -445,7 +479,7 @@ private:
 
     void AddLoadReference(CString const *pFilename)
     {
-        if (!pFilename || !m_fileNames.count(pFilename))
+        if (!m_options.fileReports || !pFilename || !m_fileNames.count(pFilename))
             return;
         std::string target = Text(pFilename);
         Report().loads.push_back(
@@ -453,18 +487,38 @@ private:
     }
 
     void SurveyRule(AI_CDefruleCommand *pRule, CommandSpans const &spans,
-                    std::unordered_map<std::string, AI_Span> &rules)
+                    std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
     {
-        std::string text = Normalized(m_pCurrent->text.text, spans.whole);
-        auto inserted = rules.insert({text, spans.whole});
-        if (!inserted.second) {
-            Range first = ToRange(inserted.first->second);
-            Warn(kIdenticalRule,
-                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice",
-                 spans.whole);
-        }
+        rules.push_back({NormalizedHash(m_pCurrent->text.text, spans.whole), spans.whole});
         if (NeverFires(pRule))
             Warn(kNeverFires, "this rule can never fire: one of its conditions is always false", spans.whole);
+    }
+
+    // Rules of one list written alike: each after the first is a warning.
+    void WarnIdenticalRules(std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
+    {
+        std::sort(rules.begin(), rules.end(), [](auto const &a, auto const &b) {
+            return a.first != b.first ? a.first < b.first : a.second.nBegin < b.second.nBegin;
+        });
+        std::string const &text = m_pCurrent->text.text;
+        std::vector<std::pair<AI_Span, AI_Span>> repeated;  // (rule, its first)
+        for (std::size_t i = 1; i < rules.size(); ++i) {
+            if (rules[i].first != rules[i - 1].first)
+                continue;
+            std::size_t nFirst = i - 1;
+            while (nFirst > 0 && rules[nFirst - 1].first == rules[i].first)
+                --nFirst;
+            if (Normalized(text, rules[nFirst].second) == Normalized(text, rules[i].second))
+                repeated.push_back({rules[i].second, rules[nFirst].second});
+        }
+        std::sort(repeated.begin(), repeated.end(),
+                  [](auto const &a, auto const &b) { return a.first.nBegin < b.first.nBegin; });
+        for (auto const &rule : repeated) {
+            Range first = ToRange(rule.second);
+            Warn(kIdenticalRule,
+                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice",
+                 rule.first);
+        }
     }
 
     // A condition that is always false: (false), or (not (true)).
@@ -511,7 +565,7 @@ private:
     void WarnUnusedConstants()
     {
         for (unsigned int nSID : m_definitionOrder) {
-            if (m_usedConstants.count(nSID))
+            if (nSID < m_usedConstants.size() && m_usedConstants[nSID])
                 continue;
             m_pCurrent = m_definitions[nSID].first;
             Warn(kUnusedConstant,
@@ -562,11 +616,11 @@ private:
 
     std::unordered_map<std::string, std::unique_ptr<FileState>> m_files;
     FileState *m_pCurrent = nullptr;
-    std::unordered_map<AI_CCommand const *, CommandSpans> m_spans;
     std::unordered_map<CString const *, AI_Span> m_fileNames;
     std::vector<Option> m_loadOptions;  // of the load-random being read
     std::vector<std::string> m_newConstants;
-    std::unordered_set<unsigned int> m_usedConstants;
+    std::vector<bool> m_usedConstants;  // by SID
+    std::unordered_map<unsigned int, std::string> m_names;
     std::unordered_map<unsigned int, std::pair<FileState *, AI_Span>> m_definitions;  // the first of each
     std::vector<unsigned int> m_definitionOrder;
     std::vector<unsigned int> m_constantJournal;  // constants first defined on the current path

@@ -86,6 +86,9 @@ struct CheckOptions
     AI_GameSettings settings = AI_gsSettings;
     std::vector<std::string> extraFiles;       // read before the main file
     SourceProvider const *sources = nullptr;   // null: the disk
+    // False: each FileReport keeps only its file and chain (no outline,
+    // constants, uses or loads), for callers that only want diagnostics.
+    bool fileReports = true;
 };
 
 // What one file contributes, for editors: its outline and the places of
@@ -157,6 +160,31 @@ STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const 
 // One token of script text, for editors (hover, completion, signature
 // help). Token codes are the scanner's; invalid characters have code -1
 // and an unterminated string runs to the end of the text.
+// The scanner's token codes (fixed numbers, shared with the grammar).
+namespace token {
+int const Invalid = -1;
+int const EndOfInput = 0;
+int const Hash = '#';
+int const Open = '(';
+int const Close = ')';
+int const Defrule = 258;
+int const Defconst = 259;
+int const Load = 260;
+int const LoadRandom = 261;
+int const Not = 262;  // then and, xor, or, nor, xnor, nand: 263 to 268
+int const Nand = 268;
+int const LessThan = 269;  // then <=, >, >=, ==, != : 270 to 274
+int const NotEqual = 274;
+int const LoadIfDefined = 275;
+int const LoadIfNotDefined = 276;
+int const Else = 277;
+int const EndIf = 278;
+int const Arrow = 279;
+int const Symbol = 280;
+int const String = 281;
+int const Integer = 282;
+}  // namespace token
+
 struct Token
 {
     int code = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace stratagem {
 
@@ -62,7 +63,7 @@ bool ParseDirective(std::string const &comment, std::vector<std::string> &codes)
 
 }  // namespace
 
-ScriptText ReadTextMode(std::string const &bytes)
+ScriptText ReadTextMode(std::string &&bytes)
 {
     ScriptText result;
     std::size_t nStart = 0;
@@ -70,46 +71,50 @@ ScriptText ReadTextMode(std::string const &bytes)
         result.bByteOrderMark = true;
         nStart = 3;
     }
-    result.text.reserve(bytes.size());
-    bool bShifted = nStart > 0;
-    for (std::size_t i = nStart; i < bytes.size(); ++i) {
-        char ch = bytes[i];
-        if (ch == kEndOfText)
-            break;
-        if (ch == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') {
-            if (!bShifted) {
-                // From here on offsets differ: record where each byte came from.
-                bShifted = true;
-                result.origins.resize(result.text.size());
-                for (std::size_t k = 0; k < result.text.size(); ++k)
-                    result.origins[k] = static_cast<int>(k);
-            }
-            continue;
-        }
-        if (bShifted)
-            result.origins.push_back(static_cast<int>(i));
-        result.text += ch;
+    std::size_t nEnd = bytes.find(kEndOfText, nStart);
+    if (nEnd == std::string::npos)
+        nEnd = bytes.size();
+    bool bShifted = nStart > 0 || bytes.find("\r\n", nStart) < nEnd;
+    if (!bShifted) {
+        // The common case: the text is the bytes.
+        bytes.resize(nEnd);
+        result.text = std::move(bytes);
+        return result;
     }
-    if (bShifted)
-        result.origins.push_back(static_cast<int>(bytes.size()));
-    else
-        result.origins.clear();
+    result.text.reserve(nEnd - nStart);
+    result.origins.reserve(nEnd - nStart + 1);
+    for (std::size_t i = nStart; i < nEnd; ++i) {
+        if (bytes[i] == '\r' && i + 1 < nEnd && bytes[i + 1] == '\n')
+            continue;
+        result.origins.push_back(static_cast<int>(i));
+        result.text += bytes[i];
+    }
+    result.origins.push_back(static_cast<int>(nEnd));
     return result;
 }
 
 LineMap::LineMap(std::string const &text)
 {
     m_starts.push_back(0);
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (text[i] == '\n')
-            m_starts.push_back(static_cast<int>(i + 1));
+    for (std::size_t i = text.find('\n'); i != std::string::npos; i = text.find('\n', i + 1))
+        m_starts.push_back(static_cast<int>(i + 1));
 }
 
 void LineMap::Position(int nOffset, int &nLine, int &nColumn) const
 {
-    auto it = std::upper_bound(m_starts.begin(), m_starts.end(), nOffset);
-    nLine = static_cast<int>(it - m_starts.begin());
-    nColumn = nOffset - *(it - 1) + 1;
+    // Positions are mostly asked for in the order of the text: look near
+    // the last answer first.
+    std::size_t nLast = m_nLast;
+    if (m_starts[nLast] <= nOffset) {
+        for (std::size_t n = 0; n < 8 && nLast + 1 < m_starts.size() && m_starts[nLast + 1] <= nOffset; ++n)
+            ++nLast;
+    }
+    if (m_starts[nLast] > nOffset || (nLast + 1 < m_starts.size() && m_starts[nLast + 1] <= nOffset))
+        nLast = static_cast<std::size_t>(std::upper_bound(m_starts.begin(), m_starts.end(), nOffset) -
+                                         m_starts.begin()) - 1;
+    m_nLast = nLast;
+    nLine = static_cast<int>(nLast + 1);
+    nColumn = nOffset - m_starts[nLast] + 1;
 }
 
 Range LineMap::ToRange(AI_Span span) const
@@ -128,6 +133,8 @@ Range LineMap::ToRange(AI_Span span) const
 std::vector<Suppression> FindSuppressions(std::string const &text)
 {
     std::vector<Suppression> found;
+    if (text.find(kDirective) == std::string::npos)
+        return found;
     std::size_t i = 0;
     while (i < text.size()) {
         char ch = text[i];
@@ -150,17 +157,22 @@ std::vector<Suppression> FindSuppressions(std::string const &text)
     return found;
 }
 
-std::string Normalized(std::string const &text, AI_Span span)
+// Feeds the characters of the normalized text to the sink.
+template <class Sink>
+void Normalize(std::string const &text, AI_Span span, Sink sink)
 {
-    std::string result;
-    bool bBlank = false;
+    bool bBlank = false, bStarted = false;
     for (int i = span.nBegin; i < span.nEnd; ++i) {
         char ch = text[i];
         if (ch == '"') {
             int nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
-            result.append(text, i, nEnd - i);
+            if (bBlank && bStarted)
+                sink(' ');
+            for (int k = i; k < nEnd; ++k)
+                sink(text[k]);
             i = nEnd - 1;
             bBlank = false;
+            bStarted = true;
             continue;
         }
         if (ch == ';') {
@@ -172,12 +184,26 @@ std::string Normalized(std::string const &text, AI_Span span)
             bBlank = true;
             continue;
         }
-        if (bBlank && !result.empty())
-            result += ' ';
+        if (bBlank && bStarted)
+            sink(' ');
         bBlank = false;
-        result += ch;
+        bStarted = true;
+        sink(ch);
     }
+}
+
+std::string Normalized(std::string const &text, AI_Span span)
+{
+    std::string result;
+    Normalize(text, span, [&](char ch) { result += ch; });
     return result;
+}
+
+std::uint64_t NormalizedHash(std::string const &text, AI_Span span)
+{
+    std::uint64_t nHash = 14695981039346656037ull;  // FNV-1a
+    Normalize(text, span, [&](char ch) { nHash = (nHash ^ static_cast<unsigned char>(ch)) * 1099511628211ull; });
+    return nHash;
 }
 
 }  // namespace stratagem

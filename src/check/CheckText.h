@@ -4,6 +4,7 @@
 #ifndef STRATAGEM_CHECK_CHECKTEXT_H
 #define STRATAGEM_CHECK_CHECKTEXT_H
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,8 @@ struct ScriptText
     bool bByteOrderMark = false;
 };
 
-ScriptText ReadTextMode(std::string const &bytes);
+// The bytes are taken over.
+ScriptText ReadTextMode(std::string &&bytes);
 
 // Lines and columns of offsets into one text (1-based, columns in bytes).
 class LineMap
@@ -36,6 +38,7 @@ public:
 
 private:
     std::vector<int> m_starts;
+    mutable std::size_t m_nLast = 0;  // the line of the last position asked for
 };
 
 // A comment `; stratagem: disable=CODE[,CODE]`: where it ends and what it
@@ -51,6 +54,8 @@ std::vector<Suppression> FindSuppressions(std::string const &text);
 // The text of a command with comments left out and every run of blanks
 // and line feeds made one space: two commands written alike compare equal.
 std::string Normalized(std::string const &text, AI_Span span);
+// A hash of the same text, without making it.
+std::uint64_t NormalizedHash(std::string const &text, AI_Span span);
 
 }  // namespace stratagem
 

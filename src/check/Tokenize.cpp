@@ -22,7 +22,7 @@ int Origin(ScriptText const &script, int nOffset)
 
 std::vector<Token> Tokenize(std::string const &text)
 {
-    ScriptText script = ReadTextMode(text);
+    ScriptText script = ReadTextMode(std::string(text));
     LineMap lines(text);
     std::vector<Token> tokens;
     AI_CCheckParser::ScanText(script.text.data(), script.text.size(), [&](int nCode, char const *, AI_Span span) {

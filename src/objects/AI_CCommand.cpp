@@ -3,12 +3,12 @@
 #include <ostream>
 
 #include "../platform/BlockPool.h"
-#include "../strategy/AI_CStrategy.h"
 #include "../vocabulary/AI_Registry.h"
 #include "../vocabulary/AI_Vocabulary.h"
 #include "AI_CAction.h"
 #include "AI_CCE.h"
 #include "AI_ListOps.h"
+#include "AI_StrategyLink.h"
 
 // ---- AI_CCommand --------------------------------------------------------
 
@@ -165,7 +165,7 @@ int AI_CDefconstCommand::Check()
 void AI_CDefconstCommand::Load()
 {
     if (m_pStrategy)
-        m_pStrategy->AddConstantValue(m_nSID, m_nValue);
+        AI_TheStrategyLink().AddConstantValue(m_pStrategy, m_nSID, m_nValue);
 }
 
 // Never loaded for good: every load of its list records the value again.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <string>
 #include <vector>
 
 #include "../objects/AI_CCommand.h"
@@ -13,11 +12,14 @@
 namespace {
 
 // One token as the scanner handed it out, kept for the grammar or for a
-// restart.
+// restart. The text of a symbol, string or integer stays in the scanner's
+// buffers, which hold it until the grammar has used it: tokens reach the
+// grammar as they are scanned, and the two read again after an error carry
+// no text.
 struct Token
 {
     int nCode = 0;
-    std::string strValue;  // text of a symbol, string or integer
+    char const *pszValue = "";
     AI_Span span = {0, 0};
     int nLine = 1;         // the line counter once the token was read
     long nIndex = 0;       // position in the file's token sequence
@@ -77,14 +79,14 @@ public:
         switch (token.nCode) {
         case TOK_SYMBOL:
         case TOK_STRING:
-            ai_yylval.pszText = token.strValue.c_str();
+            ai_yylval.pszText = token.pszValue;
             return token.nCode;
         case TOK_INTEGER:
             AI_spanError = token.span;
-            return m_parser.tok_integer(token.strValue.c_str(), ai_yylval.nInteger);
+            return m_parser.tok_integer(token.pszValue, ai_yylval.nInteger);
         case AI_TOKEN_INVALID:
             AI_spanError = token.span;
-            m_parser.ScanError(token.strValue.c_str());
+            m_parser.ScanError(token.pszValue);
             return 0;
         case AI_TOKEN_BROKEN_STRING:
             AI_spanError = {token.span.nEnd - 1, token.span.nEnd};
@@ -140,7 +142,7 @@ public:
                 return true;
             }
             m_nDepth = std::max(0, m_nDepth + DepthChange(previous.nCode, token.nCode));
-            previous = std::move(token);
+            previous = token;
         }
     }
 
@@ -181,7 +183,7 @@ private:
     Token Pull()
     {
         if (!m_queue.empty()) {
-            Token token = std::move(m_queue.front());
+            Token token = m_queue.front();
             m_queue.pop_front();
             return token;
         }
@@ -189,7 +191,7 @@ private:
         char const *pszValue = nullptr;
         token.nCode = ScanNext(pszValue, token.span);
         if (pszValue)
-            token.strValue = pszValue;
+            token.pszValue = pszValue;
         token.nLine = AI_nLine;
         token.nIndex = m_nScanned++;
         return token;
@@ -197,13 +199,13 @@ private:
 
     // Keeps the token while the grammar may still use its text, and follows
     // the nesting of blocks and the parts of rules.
-    Token &Deliver(Token token)
+    Token &Deliver(Token const &token)
     {
         int nPrevious = m_nDelivered > 0 ? Last().nCode : 0;
         if (m_nDelivered == 0)
             m_nRunBegin = token.span.nBegin;
         Token &slot = m_ring[m_nDelivered++ % kRing];
-        slot = std::move(token);
+        slot = token;
         m_nDepthBefore = m_nDepth;
         m_nDepth = std::max(0, m_nDepth + DepthChange(nPrevious, slot.nCode));
         if (slot.nCode == TOK_ARROW)
@@ -230,9 +232,9 @@ private:
             AI_spanError = token.span;
             if (token.nCode == TOK_INTEGER) {
                 int nValue;
-                m_parser.tok_integer(token.strValue.c_str(), nValue);
+                m_parser.tok_integer(token.pszValue, nValue);
             } else if (token.nCode == AI_TOKEN_INVALID) {
-                m_parser.ScanError(token.strValue.c_str());
+                m_parser.ScanError(token.pszValue);
             } else if (token.nCode == AI_TOKEN_BROKEN_STRING) {
                 AI_spanError = {token.span.nEnd - 1, token.span.nEnd};
                 m_parser.ScanError("\n");

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <tuple>
 
-#include "AI_Grammar.tab.h"
-#include "vocabulary/AI_Vocabulary.h"
+#include "../vocabulary/AI_Vocabulary.h"
 
 namespace stratagem::server {
+
+namespace tok = stratagem::token;
 
 namespace {
 
@@ -27,21 +28,7 @@ bool InsideString(Token const &token, Cursor cursor)
     return StartsBefore(token, cursor) && !Before(token.range.endLine, lastInside, cursor);
 }
 
-bool IsConnective(int code)
-{
-    switch (code) {
-    case TOK_RW_NOT:
-    case TOK_RW_AND:
-    case TOK_RW_OR:
-    case TOK_RW_XOR:
-    case TOK_RW_NAND:
-    case TOK_RW_NOR:
-    case TOK_RW_XNOR:
-        return true;
-    default:
-        return false;
-    }
-}
+bool IsConnective(int code) { return code >= tok::Not && code <= tok::Nand; }
 
 // The '(' that opens the list holding tokens[..last], and how many items
 // (words or whole lists) stand in that list after the '(' up to `last`.
@@ -77,7 +64,7 @@ Enclosing EnclosingList(std::vector<Token> const &tokens, int last)
 
 unsigned int FunctionOf(Token const &token)
 {
-    if (token.code != TOK_SYMBOL)
+    if (token.code != tok::Symbol)
         return 0;
     unsigned int const sid = AI_Symbol(token.text.c_str());
     return AI_IsFact(sid) || AI_IsAction(sid) ? sid : 0;
@@ -95,13 +82,13 @@ Place HeadPlace(std::vector<Token> const &tokens, int open)
     int const code = tokens[parentHead].code;
     if (IsConnective(code))
         return Place::Condition;
-    if (code != TOK_RW_DEFRULE)
+    if (code != tok::Defrule)
         return Place::Nothing;
     // In a rule, the lists after '=>' at the rule's own depth are actions.
     int depth = 0;
     for (int i = parentHead + 1; i < open; ++i) {
         depth += tokens[i].code == '(' ? 1 : tokens[i].code == ')' ? -1 : 0;
-        if (depth == 0 && tokens[i].code == TOK_ARROW)
+        if (depth == 0 && tokens[i].code == tok::Arrow)
             return Place::Action;
     }
     return Place::Condition;
@@ -111,11 +98,11 @@ Place HeadPlace(std::vector<Token> const &tokens, int open)
 
 bool IsWordToken(Token const &token)
 {
-    return token.code == TOK_SYMBOL || token.code == TOK_INTEGER ||
-           (token.code >= TOK_RW_DEFRULE && token.code <= TOK_D_END_IF);
+    return token.code == tok::Symbol || token.code == tok::Integer ||
+           (token.code >= tok::Defrule && token.code <= tok::EndIf);
 }
 
-bool IsStringToken(Token const &token) { return token.code == TOK_STRING; }
+bool IsStringToken(Token const &token) { return token.code == tok::String; }
 
 Token const *TokenAt(std::vector<Token> const &tokens, Cursor cursor)
 {
@@ -144,7 +131,7 @@ CursorContext ContextAt(std::vector<Token> const &tokens, Cursor cursor)
             Enclosing const list = EnclosingList(tokens, last - 1);
             int const head = list.open + 1;
             bool const load = list.open >= 0 && head < last &&
-                              (tokens[head].code == TOK_RW_LOAD || tokens[head].code == TOK_RW_LOAD_RANDOM);
+                              (tokens[head].code == tok::Load || tokens[head].code == tok::LoadRandom);
             if (load && token.range.line == cursor.line) {
                 context.place = Place::LoadString;
                 context.prefix = token.text.substr(1, cursor.column - token.range.column - 1);
@@ -166,7 +153,7 @@ CursorContext ContextAt(std::vector<Token> const &tokens, Cursor cursor)
         context.place = Place::Directive;
         return context;
     }
-    if (last >= 0 && (tokens[last].code == TOK_D_LOAD_IF_DEFINED || tokens[last].code == TOK_D_LOAD_IF_NOT_DEFINED)) {
+    if (last >= 0 && (tokens[last].code == tok::LoadIfDefined || tokens[last].code == tok::LoadIfNotDefined)) {
         context.place = Place::Define;
         return context;
     }

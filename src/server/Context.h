@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "check/Check.h"
+#include "../check/Check.h"
 
 namespace stratagem::server {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "Text.h"
-#include "check/Check.h"
+#include "../check/Check.h"
 
 namespace stratagem::server {
 

@@ -4,11 +4,12 @@
 #include <filesystem>
 #include <set>
 
-#include "AI_Grammar.tab.h"
 #include "Uri.h"
-#include "vocabulary/AI_Vocabulary.h"
+#include "../vocabulary/AI_Vocabulary.h"
 
 namespace stratagem::server {
+
+namespace tok = stratagem::token;
 
 namespace {
 
@@ -223,7 +224,7 @@ Json Features::Hover(Json const &params)
         return nullptr;
     std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
     Token const *token = TokenAt(tokens, target.cursor);
-    if (!token || token->code != TOK_SYMBOL)
+    if (!token || token->code != tok::Symbol)
         return nullptr;
     std::string const text = HoverText(*target.document, *token);
     if (text.empty())
@@ -407,7 +408,7 @@ Json Features::Definition(Json const &params)
     }
     std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
     Token const *token = TokenAt(tokens, target.cursor);
-    if (!token || token->code != TOK_SYMBOL)
+    if (!token || token->code != tok::Symbol)
         return nullptr;
     Json const locations = ConstantLocations(target.document->path, token->text, true, false);
     return locations.empty() ? Json() : locations;
@@ -421,7 +422,7 @@ Json Features::References(Json const &params)
     bool const declarations = params.contains("context") && params["context"].value("includeDeclaration", false);
     std::vector<Token> const tokens = DocumentStore::TokensAround(*target.document, target.cursor.line);
     Token const *token = TokenAt(tokens, target.cursor);
-    if (!token || token->code != TOK_SYMBOL)
+    if (!token || token->code != tok::Symbol)
         return Json::array();
     return ConstantLocations(target.document->path, token->text, declarations, true);
 }

@@ -9,7 +9,7 @@
 
 #include "Context.h"
 #include "Text.h"
-#include "check/Check.h"
+#include "../check/Check.h"
 
 namespace stratagem::server {
 

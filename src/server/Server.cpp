@@ -3,8 +3,8 @@
 #include <new>
 
 #include "Uri.h"
-#include "platform/CException.h"
-#include "vocabulary/AI_Vocabulary.h"
+#include "../platform/CException.h"
+#include "../vocabulary/AI_Vocabulary.h"
 
 namespace stratagem::server {
 

@@ -1,6 +1,11 @@
 #include "AI_SettingsFields.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iomanip>
+#include <ostream>
+
+#include "AI_SymbolTable.h"
 
 namespace {
 
@@ -43,6 +48,19 @@ DefineGroup const s_groups[] = {
     {200, 200, &AI_GameSettings::bTeamsLocked},
     {210, 229, &AI_GameSettings::nCiv},
 };
+
+DefineGroup const *GroupOf(SettingsField const &field)
+{
+    for (DefineGroup const &group : s_groups)
+        if (group.pMember == field.pMember)
+            return &group;
+    return nullptr;
+}
+
+bool IsFlag(DefineGroup const &group)
+{
+    return group.nFirst == group.nLast;
+}
 
 } // namespace
 
@@ -89,4 +107,63 @@ SettingsField const *DefineField(unsigned int nSID, int &value)
         if (field.pMember == group->pMember)
             return &field;
     return nullptr;
+}
+
+SettingsFieldList AllSettingsFields()
+{
+    return {std::begin(s_fields), std::end(s_fields)};
+}
+
+std::string SettingsFieldNames()
+{
+    std::string names;
+    for (SettingsField const &field : s_fields)
+        names += (names.empty() ? "" : ", ") + std::string(field.szName);
+    return names;
+}
+
+std::vector<DefineWord> DefineWords(SettingsField const &field)
+{
+    std::vector<DefineWord> words;
+    DefineGroup const *group = GroupOf(field);
+    for (unsigned int nSID = group ? group->nFirst : 1; group && nSID <= group->nLast; ++nSID)
+    {
+        if (!AI_IsDefine(nSID))
+            continue;
+        int const nValue = IsFlag(*group) ? 1 : static_cast<int>(nSID - group->nFirst);
+        words.push_back({static_cast<char const *>(AI_String(nSID)), nValue});
+    }
+    return words;
+}
+
+ValueRange FieldRange(SettingsField const &field)
+{
+    ValueRange range{0, 1};
+    DefineGroup const *group = GroupOf(field);
+    if (group && !IsFlag(*group))
+    {
+        range.nMax = 0;
+        for (DefineWord const &word : DefineWords(field))
+            range.nMax = std::max(range.nMax, word.nValue);
+    }
+    return range;
+}
+
+void WriteSettingsList(std::ostream &out)
+{
+    out << std::left << std::setw(20) << "field" << std::setw(9) << "default" << std::setw(9) << "range"
+        << "define words (value)\n";
+    for (SettingsField const &field : s_fields)
+    {
+        ValueRange const range = FieldRange(field);
+        out << std::setw(20) << field.szName << std::setw(9) << AI_gsSettings.*field.pMember << std::setw(9)
+            << (std::to_string(range.nMin) + ".." + std::to_string(range.nMax));
+        char const *separator = "";
+        for (DefineWord const &word : DefineWords(field))
+        {
+            out << separator << word.strWord << " (" << word.nValue << ")";
+            separator = ", ";
+        }
+        out << '\n';
+    }
 }

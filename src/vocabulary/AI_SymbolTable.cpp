@@ -2,8 +2,6 @@
 
 #include <memory>
 
-#include "AI_Constants.h"
-#include "AI_FunctionTable.h"
 #include "AI_Registry.h"
 
 namespace vocabulary {
@@ -86,12 +84,3 @@ int AI_IsAction(unsigned int nSID) { return IsKind(kActions, nSID); }
 int AI_IsParam(unsigned int nSID) { return IsKind(kParams, nSID); }
 int AI_IsConstant(unsigned int nSID) { return IsKind(kConstants, nSID); }
 
-void AI_DeleteAll()
-{
-    AI_DeleteFacts();
-    AI_DeleteActions();
-    AI_DeleteConstants();
-    vocabulary::Registry &r = vocabulary::TheRegistry();
-    r.sids.Clear();
-    r.symbols.Clear();
-}

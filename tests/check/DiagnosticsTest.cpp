@@ -128,6 +128,7 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         {"(defrule (true) => (do-nothng))", "did you mean 'do-nothing'?", "do-nothing"},
         {"(defrule (food-amount < 5) => (build archery-rnage))", "did you mean 'archery-range'?", "archery-range"},
         {"#load-if-defined GIANT-MAPP (load \"a\") #end-if", "did you mean 'GIANT-MAP'?", "GIANT-MAP"},
+        {"(defconst my-goal 3)\n(defrule (goal my-gaol 1) => (do-nothing))", "did you mean 'my-goal'?", "my-goal"},
     };
     for (Row const &row : rows) {
         stratagem::CheckReport report = Run(row.pszScript);
@@ -137,8 +138,9 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         EXPECT_EQ(row.pszHint, first.hints.front()) << row.pszScript;
         ASSERT_FALSE(first.fixes.empty());
         EXPECT_EQ(row.pszFix, first.fixes.front().text);
-        EXPECT_EQ(Where(first).substr(0, Where(first).find(' ')),
-                  Where(stratagem::Diagnostic{first.file, first.fixes.front().range}).substr(0, Where(first).find(' ')));
+        stratagem::Range const &fix = first.fixes.front().range;
+        EXPECT_EQ(std::make_pair(first.range.line, first.range.column), std::make_pair(fix.line, fix.column));
+        EXPECT_EQ(std::make_pair(first.range.endLine, first.range.endColumn), std::make_pair(fix.endLine, fix.endColumn));
     }
 }
 

@@ -77,13 +77,19 @@ public:
         std::ofstream(path, std::ios::binary) << strText;
     }
 
-    // Through the shell, which sets the working directory and the output
-    // files; no argument holds a single quote.
-    RunResult Run(Strings const &args) const
+    // Through the shell, which sets the working directory, the environment
+    // (NO_COLOR removed unless `strEnv` sets it) and the standard streams; no
+    // argument holds a single quote.
+    RunResult Run(Strings const &args, std::string const &strEnv = "", std::string const *pStdin = nullptr) const
     {
-        std::string strCommand = "cd '" + (m_root / "work").string() + "' && '" STRATAGEM_CLI "'";
+        std::string strCommand = "cd '" + (m_root / "work").string() + "' && env -u NO_COLOR " + strEnv + " '" STRATAGEM_CLI "'";
         for (std::string const &arg : args)
             strCommand += " '" + arg + "'";
+        if (pStdin)
+        {
+            std::ofstream(m_root / "stdin", std::ios::binary) << *pStdin;
+            strCommand += " <'" + (m_root / "stdin").string() + "'";
+        }
         strCommand += " >'" + (m_root / "stdout").string() + "' 2>'" + (m_root / "stderr").string() + "'";
         int const status = std::system(strCommand.c_str());
         int const nStatus = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);

@@ -2,7 +2,7 @@
 
 #include "../objects/AI_CCommand.h"
 #include "../parser/AI_CParser.h"
-#include "AI_CStrategy.h"
+#include "../strategy/AI_CStrategy.h"
 
 // One parser reads the extra files in order, then the main file; each list
 // is loaded (and with it every file it loads) before the next file is read.

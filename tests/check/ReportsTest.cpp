@@ -1,0 +1,119 @@
+// What a check tells an editor: the outline, constants and their uses,
+// loads, tokens, and the vocabulary descriptions behind hovers.
+#include "CheckTestSupport.h"
+
+namespace {
+
+class Reports : public CheckTest
+{
+};
+
+std::string At(stratagem::Range const &r)
+{
+    return std::to_string(r.line) + ":" + std::to_string(r.column) + "-" + std::to_string(r.endLine) + ":" +
+           std::to_string(r.endColumn);
+}
+
+TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
+{
+    stratagem::CheckReport report = Run(
+        "(defconst size 5)\n"
+        "(load \"a\")\n"
+        "#load-if-not-defined GIANT-MAP\n"
+        "  (defrule (goal size 1) => (do-nothing))\n"
+        "#else\n"
+        "  (load-random 30 \"a\" \"b\")\n"
+        "#end-if\n",
+        {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
+    ASSERT_EQ(0, report.errors);
+    ASSERT_EQ(3u, report.files.size());
+    std::vector<stratagem::OutlineItem> const &outline = report.files[0].outline;
+    ASSERT_EQ(3u, outline.size());
+    struct Row
+    {
+        stratagem::OutlineItem const &item;
+        stratagem::OutlineKind kind;
+        char const *pszName;
+        char const *pszDetail;
+        char const *pszRange;
+        char const *pszSelection;
+    } const rows[] = {
+        {outline[0], stratagem::OutlineKind::Constant, "size", "5", "1:1-1:17", "1:11-1:14"},
+        {outline[1], stratagem::OutlineKind::Load, "a", "a.per", "2:1-2:10", "2:7-2:9"},
+        {outline[2], stratagem::OutlineKind::Block, "GIANT-MAP", "#load-if-not-defined", "3:1-7:7", "3:22-3:30"},
+        {outline[2].children[0], stratagem::OutlineKind::Rule, "defrule", "", "4:3-4:41", "4:4-4:10"},
+        {outline[2].children[1], stratagem::OutlineKind::LoadRandom, "load-random", "30% a, default b", "6:3-6:26",
+         "6:4-6:14"},
+    };
+    for (Row const &row : rows) {
+        EXPECT_EQ(row.kind, row.item.kind) << row.pszName;
+        EXPECT_EQ(row.pszName, row.item.name);
+        EXPECT_EQ(row.pszDetail, row.item.detail);
+        EXPECT_EQ(row.pszRange, At(row.item.range)) << row.pszName;
+        EXPECT_EQ(row.pszSelection, At(row.item.selectionRange)) << row.pszName;
+    }
+}
+
+TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
+{
+    stratagem::CheckReport report =
+        Run("(defconst g 3)\n(defconst h g)\n(defrule (goal g h) => (do-nothing))\n(load \"lib/a\")",
+            {{"lib/a.per", "(defrule (true) => (do-nothing))"}});
+    stratagem::FileReport const &main = report.files[0];
+    ASSERT_EQ(2u, main.constants.size());
+    EXPECT_EQ("h", main.constants[1].name);
+    EXPECT_EQ(3, main.constants[1].value);
+    EXPECT_EQ("2:11-2:11", At(main.constants[1].nameRange));
+    EXPECT_EQ("2:1-2:14", At(main.constants[1].commandRange));
+    std::vector<std::string> uses;
+    for (stratagem::NamedRange const &use : main.constantUses)
+        uses.push_back(use.name + "@" + At(use.range));
+    EXPECT_EQ((std::vector<std::string>{"g@2:13-2:13", "g@3:16-3:16", "h@3:18-3:18"}), uses);
+    ASSERT_EQ(1u, main.loads.size());
+    EXPECT_EQ("lib/a", main.loads[0].writtenName);
+    EXPECT_EQ("lib/a.per", main.loads[0].target);
+    EXPECT_EQ("4:7-4:13", At(main.loads[0].stringRange));
+    ASSERT_EQ(2u, report.files.size());
+    ASSERT_EQ(1u, report.files[1].loadedFrom.size());
+    EXPECT_EQ(4, report.files[1].loadedFrom[0].line);
+}
+
+TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
+{
+    struct Row
+    {
+        char const *pszText;
+        std::vector<std::string> tokens;  // code@range "text"
+    } const rows[] = {
+        {"(defrule (x < -5)", {"40@1:1-1:1 (", "258@1:2-1:8 defrule", "40@1:10-1:10 (", "280@1:11-1:11 x",
+                               "269@1:13-1:13 <", "282@1:15-1:16 -5", "41@1:17-1:17 )"}},
+        {"; note\r\n  \"a\\\"b\" $", {"281@2:3-2:8 \"a\\\"b\"", "-1@2:10-2:10 $"}},
+        {"(load \"open", {"40@1:1-1:1 (", "260@1:2-1:5 load", "281@1:7-1:11 \"open"}},
+        {"\"cut\n(", {"281@1:1-1:4 \"cut", "40@2:1-2:1 ("}},
+        {"99999999999999 x\x1Ay", {"282@1:1-1:14 99999999999999", "280@1:16-1:16 x"}},
+    };
+    for (Row const &row : rows) {
+        std::vector<std::string> tokens;
+        for (stratagem::Token const &token : stratagem::Tokenize(row.pszText))
+            tokens.push_back(std::to_string(token.code) + "@" + At(token.range) + " " + token.text);
+        EXPECT_EQ(row.tokens, tokens) << row.pszText;
+    }
+}
+
+TEST_F(Reports, VocabularyDescriptions)
+{
+    EXPECT_EQ("goal-id", stratagem::ParamTypeName(AI_PT_GOAL_ID));
+    EXPECT_EQ("rel-op", stratagem::ParamTypeName(AI_PT_REL_OP));
+    EXPECT_EQ("an integer from 1 to 40", stratagem::AcceptedValues(AI_PT_GOAL_ID));
+    EXPECT_EQ("one of: less-than, less-or-equal, greater-than, greater-or-equal, equal, not-equal",
+              stratagem::AcceptedValues(AI_PT_REL_OP));
+    EXPECT_EQ("a string in double quotes", stratagem::AcceptedValues(AI_PT_STRING));
+    EXPECT_EQ("(food-amount rel-op value)", stratagem::Signature(AI_Symbol("food-amount")));
+    EXPECT_EQ("(do-nothing)", stratagem::Signature(AI_Symbol("do-nothing")));
+    EXPECT_EQ("", stratagem::Signature(AI_Symbol("archer")));
+    auto facts = [](unsigned int nSID) { return AI_IsFact(nSID) != 0; };
+    EXPECT_EQ((std::vector<std::string>{"wood-amount"}), stratagem::ClosestWords("wod-amount", facts, 1));
+    EXPECT_TRUE(stratagem::ClosestWords("zzzzzzzzzzzz", nullptr).empty());
+}
+
+}  // namespace

@@ -1,0 +1,136 @@
+// How check mode runs: exit statuses, standard input, several files,
+// colour, every path of the sample strategy.
+#include <gtest/gtest.h>
+
+#include "CheckTestSupport.h"
+
+TEST(CheckRun, ExitStatusSaysWhetherErrorsOrUnderWerrorWarningsWereFound)
+{
+    ScriptDir const dir({{"clean.per", kDoNothingRule},
+                         {"warns.per", "(defrule (false) => (do-nothing))\n"},
+                         {"fails.per", "(defrule (true) => (foo))\n"}});
+    struct Case
+    {
+        Strings args;
+        int nStatus;
+    } const cases[] = {
+        {{"clean.per"}, 0},
+        {{"--werror", "clean.per"}, 0},
+        {{"warns.per"}, 0},
+        {{"--werror", "warns.per"}, 1},
+        {{"fails.per"}, 1},
+        {{"clean.per", "fails.per"}, 1},
+        {{"-f", "gcc", "--werror", "warns.per", "clean.per"}, 1},
+    };
+    for (Case const &c : cases)
+    {
+        RunResult const result = dir.Run(Join({"--check"}, c.args));
+        EXPECT_EQ(result.nStatus, c.nStatus) << testing::PrintToString(c.args) << result.strOut;
+        EXPECT_EQ(result.strErr, "");
+    }
+    Json const warnings = CheckJson(dir, {"warns.per"}, 0);
+    EXPECT_GE(CountSeverity(warnings, "warning"), 1);
+    EXPECT_EQ(CountSeverity(warnings, "error"), 0);
+}
+
+TEST(CheckRun, StandardInputIsCheckedAsStdinBesideTheFilesNamed)
+{
+    ScriptDir const dir({{"main.per", std::string("(defrule (true) => (bar))\n")}});
+    std::string const input = "\n(defrule (true) => (foo))\n";
+    RunResult const result = dir.Run({"--check", "-", "main.per"}, "", &input);
+    EXPECT_EQ(result.nStatus, 1);
+    Strings const lines = SplitLines(result.strOut);
+    auto const heading = std::find_if(lines.begin(), lines.end(),
+                                      [](std::string const &line) { return StartsWith(line, "<stdin>:2:21: error: "); });
+    ASSERT_NE(heading, lines.end()) << result.strOut;
+    ASSERT_GE(lines.end() - heading, 3);
+    EXPECT_EQ(heading[1], "(defrule (true) => (foo))");
+    EXPECT_EQ(heading[2], std::string(20, ' ') + "^~~");
+    EXPECT_NE(result.strOut.find("\nmain.per:1:21: error: "), std::string::npos) << result.strOut;
+
+    // Named twice, standard input is read once and its problems reported once.
+    RunResult const twice = dir.Run({"--check", "-f", "gcc", "-", "-"}, "", &input);
+    EXPECT_EQ(SplitLines(twice.strOut).size(), 1u) << twice.strOut;
+}
+
+TEST(CheckRun, SeveralFilesGiveOneReportAndSharedFilesAreReportedOnce)
+{
+    ScriptDir const dir({{"a.per", "(load \"common\")\n(defrule (true) => (foo))\n"},
+                         {"b.per", "(load \"common\")\n(defrule (true) => (bar))\n"},
+                         {"common.per", "(defrule (true) => (baz))\n"},
+                         {"extra.per", "(defrule (true) => (qux))\n"}});
+    Json const diagnostics = CheckJson(dir, {"-x", "extra.per", "a.per", "b.per"}, 1);
+    for (char const *file : {"a.per", "b.per", "common.per", "extra.per"})
+        EXPECT_EQ(InFile(diagnostics, file).size(), 1u) << file << "\n" << diagnostics.dump(1);
+    EXPECT_EQ(diagnostics.size(), 4u);
+
+    Json const log = Json::parse(dir.Run({"--check", "-f", "sarif", "a.per", "b.per"}).strOut);
+    ASSERT_EQ(log.at("runs").size(), 1u);
+    EXPECT_EQ(log.at("runs")[0].at("results").size(), 3u);
+    EXPECT_EQ(log.at("runs")[0].at("tool").at("driver").at("rules").size(), 1u);
+}
+
+TEST(CheckRun, ColourOnlyWhenAskedOrOnATerminalAndNeverUnderNoColor)
+{
+    ScriptDir const dir({{"main.per", std::string("(defrule (true) => (foo))\n")}});
+    struct Case
+    {
+        char const *pszEnv;
+        Strings args;
+        bool bColor;
+    } const cases[] = {
+        {"", {}, false},  // auto: the output is a file
+        {"", {"--color=always"}, true},
+        {"", {"--color", "never"}, false},
+        {"NO_COLOR=1", {"--color=always"}, false},
+        {"NO_COLOR=", {"--color=always"}, true},  // set but empty: no effect
+        {"", {"--color=always", "-f", "gcc"}, false},
+        {"", {"--color=always", "-f", "json"}, false},
+    };
+    for (Case const &c : cases)
+    {
+        RunResult const result = dir.Run(Join(Join({"--check"}, c.args), {"main.per"}), c.pszEnv);
+        EXPECT_EQ(result.nStatus, 1);
+        EXPECT_EQ(result.strOut.find('\033') != std::string::npos, c.bColor)
+            << c.pszEnv << " " << testing::PrintToString(c.args);
+    }
+}
+
+TEST(CheckRun, BranchesAndRandomOptionsTheListingSkipsAreChecked)
+{
+    // The listing takes the first branch and, with seed 0, draws the first
+    // option; the check reads every one of them.
+    ScriptDir const dir({{"main.per", "#load-if-defined SMALL-MAP\n"
+                                      "    (load \"fine\")\n"
+                                      "#else\n"
+                                      "    (load \"other\")\n"
+                                      "#end-if\n"
+                                      "(load-random\n"
+                                      "    50 \"fine\"\n"
+                                      "    \"drawn\")\n"},
+                         {"fine.per", kDoNothingRule},
+                         {"other.per", "(defrule (unknown-fact) => (do-nothing))\n"},
+                         {"drawn.per", "(defrule (true) => (unknown-action))\n"}});
+    EXPECT_EQ(dir.Run({"--seed", "0", "main.per"}).nStatus, 0);
+    Json const diagnostics = CheckJson(dir, {"main.per"}, 1);
+    EXPECT_EQ(InFile(diagnostics, "other.per").size(), 1u) << diagnostics.dump(1);
+    EXPECT_EQ(InFile(diagnostics, "drawn.per").size(), 1u) << diagnostics.dump(1);
+}
+
+TEST(CheckRun, TheSampleStrategyIsCleanUnderEverySettingThatSwitchesABlock)
+{
+    ScriptDir const dir;
+    std::string const strMain = std::string(STRATAGEM_SOURCE_DIR) + "/examples/main.per";
+    for (Strings const &args : std::vector<Strings>{{},
+                                                    {"-D", "TINY-MAP"},
+                                                    {"-D", "SMALL-MAP"},
+                                                    {"-D", "GIANT-MAP"},
+                                                    {"-D", "BYZANTINE-CIV"},
+                                                    {"-D", "BRITON-CIV"},
+                                                    {"-D", "REGICIDE"},
+                                                    {"-D", "TINY-MAP", "-D", "VIKING-CIV", "-D", "REGICIDE"}})
+    {
+        Json const diagnostics = CheckJson(dir, Join(Join({"--werror"}, args), {strMain}), 0);
+        EXPECT_EQ(diagnostics, Json::array()) << testing::PrintToString(args);
+    }
+}
