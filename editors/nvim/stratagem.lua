@@ -51,6 +51,7 @@ function M.setup(opts)
         vim.lsp.buf_attach_client(args.buf, id)
       end
       vim.bo[args.buf].commentstring = ';%s'
+      vim.bo[args.buf].omnifunc = 'v:lua.vim.lsp.omnifunc'
     end,
   })
 end
