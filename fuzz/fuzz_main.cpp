@@ -5,7 +5,9 @@
 // CException that is formatted and deleted; a crash, a sanitizer report or a
 // leak is a fault. The listing and the descriptions of every object reached
 // are exercised after each analysis, the checks after each that succeeds.
+// Check mode then reads the input on every path, and Tokenize its text.
 #include <stddef.h>
+#include <errno.h>
 #include <stdint.h>
 #include <stdlib.h>
 #include <string.h>
@@ -98,6 +100,47 @@ void Analyse(AI_GameSettings const &settings)
     DescribeAll(strategy);
 }
 
+// Check mode reads only files of the sandbox: every path of the input,
+// every error, and the tokens an editor would ask for.
+class SandboxSources : public stratagem::SourceProvider
+{
+public:
+    bool Read(std::string const &name, std::string &bytes, int &error) const override
+    {
+        std::string const &input = g_pSandbox->InputFile();
+        std::string directory = input.substr(0, input.rfind('/') + 1);
+        if (name.compare(0, directory.size(), directory) != 0 || name.find("..") != std::string::npos)
+        {
+            error = ENOENT;
+            return false;
+        }
+        return SourceProvider::Read(name, bytes, error);
+    }
+};
+
+void CheckAllPaths()
+{
+    SandboxSources sources;
+    stratagem::CheckOptions options;
+    options.sources = &sources;
+    try
+    {
+        std::string text;
+        int nError = 0;
+        if (sources.Read(g_pSandbox->InputFile(), text, nError))
+            stratagem::Tokenize(text);
+        stratagem::CheckReport report = stratagem::Check(g_pSandbox->InputFile(), options);
+        if (g_bVerbose)
+            for (stratagem::Diagnostic const &diagnostic : report.diagnostics)
+                std::cerr << "[check] " << diagnostic.file << ":" << diagnostic.range.line << ":"
+                          << diagnostic.range.column << ": " << diagnostic.code << " " << diagnostic.message << "\n";
+    }
+    catch (CException *pException)
+    {
+        Report(pException);
+    }
+}
+
 // Without a -dict flag the run uses the sandbox's dictionary of the language.
 void AddDictionary(int *pArgc, char ***pArgv)
 {
@@ -146,5 +189,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const *pData, size_t nSize)
     Analyse(kOtherSettings);
     AI_CParser::EnableExpandBlocks(1);
     AI_DeleteConstants();
+
+    CheckAllPaths();
     return 0;
 }

@@ -144,15 +144,32 @@ public:
 
     // ---- what the parser reports -------------------------------------
 
+    // Rules are looked at while they are fresh from the parser.
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
         m_pCurrent->spans.push_back({pCommand, {whole, name}});
-        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand)))
-            NoteConstantSID(static_cast<AI_CDefconstCommand *>(pCommand)->GetSID());  // for hints from here on
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
+            m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
+            m_bPendingRule = true;
+            if (NeverFires(static_cast<AI_CDefruleCommand *>(pCommand)))
+                m_ruleWarnings.push_back({whole, kNeverFires, "this rule can never fire: one of its conditions is always false"});
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            unsigned int nSID = static_cast<AI_CDefconstCommand *>(pCommand)->GetSID();
+            NoteConstantSID(nSID);  // for hints from here on
+            if (m_definitions.insert({nSID, {m_pCurrent, name}}).second)
+                m_definitionOrder.push_back(nSID);
+        }
         if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
     }
+    // The command just read went into this list.
     void CommandList(AI_CCommandList *, AI_Span) override {}
+    void CommandListed(int nList) override
+    {
+        if (m_bPendingRule)
+            m_rules.push_back({nList, m_pendingRule.first, m_pendingRule.second});
+        m_bPendingRule = false;
+    }
     void FileName(CString const *pFilename, AI_Span whole) override { m_fileNames[pFilename] = whole; }
     void ValueSymbol(unsigned int nSID, AI_Span whole) override
     {
@@ -273,6 +290,9 @@ private:
         if (file.text.bByteOrderMark)
             Warn(kByteOrderMarkSkipped, "a UTF-8 byte-order mark at the start of the file is skipped", {0, 0});
         m_loadOptions.clear();
+        m_rules.clear();
+        m_ruleWarnings.clear();
+        m_bPendingRule = false;
         std::string const &text = file.text.text;
         file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
         if (!file.suppressions.empty()) {
@@ -283,7 +303,9 @@ private:
         }
         std::sort(file.spans.begin(), file.spans.end(),
                   [](auto const &a, auto const &b) { return a.first < b.first; });
-        Survey(file.pCommands, Report().outline);
+        WarnAboutRules();
+        if (m_options.fileReports)
+            Survey(file.pCommands, Report().outline);
         m_pCurrent = pOuter;
     }
 
@@ -405,44 +427,31 @@ private:
     {
         if (!pCommands)
             return;
-        std::vector<std::pair<std::uint64_t, AI_Span>> rules;
         CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
-        bool const bReports = m_options.fileReports;
-        if (bReports)
-            outline.reserve(outline.size() + commands.GetCount());
-        OutlineItem item;
+        outline.reserve(outline.size() + commands.GetCount());
         for (POSITION position = commands.GetHeadPosition(); position;) {
             AI_CCommand *pCommand = commands.GetNext(position);
             CommandSpans const &spans = SpansOf(*m_pCurrent, pCommand);
-            if (bReports) {
-                item = OutlineItem();
-                item.range = ToRange(spans.whole);
-                item.selectionRange = ToRange(spans.name);
-            }
-            Describe(pCommand, spans, item, rules);
-            if (bReports)
-                outline.push_back(std::move(item));
+            OutlineItem item;
+            item.range = ToRange(spans.whole);
+            item.selectionRange = ToRange(spans.name);
+            Describe(pCommand, item);
+            outline.push_back(std::move(item));
         }
-        WarnIdenticalRules(rules);
     }
 
-    void Describe(AI_CCommand *pCommand, CommandSpans const &spans, OutlineItem &item,
-                  std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
+    void Describe(AI_CCommand *pCommand, OutlineItem &item)
     {
         FileReport &report = Report();
         if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
             item.kind = OutlineKind::Rule;
             item.name = "defrule";
-            SurveyRule(static_cast<AI_CDefruleCommand *>(pCommand), spans, rules);
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
             auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
             item.kind = OutlineKind::Constant;
             item.name = AI_String(pDefconst->GetSID()).GetString();
             item.detail = std::to_string(pDefconst->GetValue());
-            if (m_options.fileReports)
-                report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
-            if (m_definitions.insert({pDefconst->GetSID(), {m_pCurrent, spans.name}}).second)
-                m_definitionOrder.push_back(pDefconst->GetSID());
+            report.constants.push_back({item.name, pDefconst->GetValue(), item.selectionRange, item.range});
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
             CString const *pFilename = static_cast<AI_CLoadCommand *>(pCommand)->GetFilename();
             item.kind = OutlineKind::Load;
@@ -486,39 +495,33 @@ private:
             {WrittenName(m_pCurrent->name, target), target, ToRange(m_fileNames[pFilename])});
     }
 
-    void SurveyRule(AI_CDefruleCommand *pRule, CommandSpans const &spans,
-                    std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
+    // Rules of one list written alike (each after the first) and rules that
+    // can never fire, in the order of the text.
+    void WarnAboutRules()
     {
-        rules.push_back({NormalizedHash(m_pCurrent->text.text, spans.whole), spans.whole});
-        if (NeverFires(pRule))
-            Warn(kNeverFires, "this rule can never fire: one of its conditions is always false", spans.whole);
-    }
-
-    // Rules of one list written alike: each after the first is a warning.
-    void WarnIdenticalRules(std::vector<std::pair<std::uint64_t, AI_Span>> &rules)
-    {
-        std::sort(rules.begin(), rules.end(), [](auto const &a, auto const &b) {
-            return a.first != b.first ? a.first < b.first : a.second.nBegin < b.second.nBegin;
+        std::sort(m_rules.begin(), m_rules.end(), [](RuleSeen const &a, RuleSeen const &b) {
+            return a.nList != b.nList ? a.nList < b.nList
+                                      : a.nHash != b.nHash ? a.nHash < b.nHash : a.span.nBegin < b.span.nBegin;
         });
         std::string const &text = m_pCurrent->text.text;
-        std::vector<std::pair<AI_Span, AI_Span>> repeated;  // (rule, its first)
-        for (std::size_t i = 1; i < rules.size(); ++i) {
-            if (rules[i].first != rules[i - 1].first)
+        std::size_t nFirst = 0;
+        for (std::size_t i = 1; i < m_rules.size(); ++i) {
+            RuleSeen const &rule = m_rules[i];
+            if (rule.nList != m_rules[i - 1].nList || rule.nHash != m_rules[i - 1].nHash) {
+                nFirst = i;
                 continue;
-            std::size_t nFirst = i - 1;
-            while (nFirst > 0 && rules[nFirst - 1].first == rules[i].first)
-                --nFirst;
-            if (Normalized(text, rules[nFirst].second) == Normalized(text, rules[i].second))
-                repeated.push_back({rules[i].second, rules[nFirst].second});
+            }
+            if (Normalized(text, m_rules[nFirst].span) != Normalized(text, rule.span))
+                continue;
+            Range first = ToRange(m_rules[nFirst].span);
+            m_ruleWarnings.push_back({rule.span, kIdenticalRule,
+                                      "this rule is the same as the one on line " + std::to_string(first.line) +
+                                          "; it runs twice"});
         }
-        std::sort(repeated.begin(), repeated.end(),
-                  [](auto const &a, auto const &b) { return a.first.nBegin < b.first.nBegin; });
-        for (auto const &rule : repeated) {
-            Range first = ToRange(rule.second);
-            Warn(kIdenticalRule,
-                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice",
-                 rule.first);
-        }
+        std::stable_sort(m_ruleWarnings.begin(), m_ruleWarnings.end(),
+                         [](RuleWarning const &a, RuleWarning const &b) { return a.span.nBegin < b.span.nBegin; });
+        for (RuleWarning const &warning : m_ruleWarnings)
+            Warn(warning.pszCode, warning.message, warning.span);
     }
 
     // A condition that is always false: (false), or (not (true)).
@@ -618,6 +621,24 @@ private:
     FileState *m_pCurrent = nullptr;
     std::unordered_map<CString const *, AI_Span> m_fileNames;
     std::vector<Option> m_loadOptions;  // of the load-random being read
+    // The rules of the file being read: the last one until its list is known,
+    // then all with their lists, and the warnings about them.
+    struct RuleSeen
+    {
+        int nList;  // as CommandListed names it
+        std::uint64_t nHash;
+        AI_Span span;
+    };
+    struct RuleWarning
+    {
+        AI_Span span;
+        char const *pszCode;
+        std::string message;
+    };
+    std::pair<std::uint64_t, AI_Span> m_pendingRule;
+    bool m_bPendingRule = false;
+    std::vector<RuleSeen> m_rules;
+    std::vector<RuleWarning> m_ruleWarnings;
     std::vector<std::string> m_newConstants;
     std::vector<bool> m_usedConstants;  // by SID
     std::unordered_map<unsigned int, std::string> m_names;

@@ -2,7 +2,7 @@
 // branches of every conditional block, every option of every load-random),
 // reads on after an error, and reports every diagnostic with its exact
 // source range, plus warnings with stable codes. It sits beside the
-// specified analysis (AI_CStrategy::Analyze), which it leaves unchanged.
+// plain analysis (AI_CStrategy::Analyze), which it leaves unchanged.
 //
 // Positions: lines and columns are 1-based; columns count bytes. A range
 // runs from (line, column) to (endLine, endColumn), both inclusive: a
@@ -56,7 +56,7 @@ struct Replacement
 // that cannot be opened) has an all-zero range.
 struct Diagnostic
 {
-    std::string file;  // as the specified error messages write it
+    std::string file;  // as the analysis's error messages write it
     Range range;
     Severity severity = Severity::Error;
     std::string code;     // "E000".."E013", "E100", "W..."
@@ -64,7 +64,7 @@ struct Diagnostic
     std::vector<std::string> hints;
     std::vector<LoadStep> loadedFrom;
     std::vector<Replacement> fixes;
-    // For an error: the line the specified analysis reports it on (the
+    // For an error: the line the plain analysis reports it on (the
     // line the parser stood on), which may lie after the range. 0 for a
     // warning and for E100.
     int analysisLine = 0;
@@ -159,7 +159,9 @@ STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const 
 
 // One token of script text, for editors (hover, completion, signature
 // help). Token codes are the scanner's; invalid characters have code -1
-// and an unterminated string runs to the end of the text.
+// and an unterminated string runs to the end of the text (a string cut by
+// a line feed, to the end of its line). Ranges are those of the text as
+// given (a carriage return before a line feed is not part of a token).
 // The scanner's token codes (fixed numbers, shared with the grammar).
 namespace token {
 int const Invalid = -1;

@@ -179,10 +179,14 @@ Diagnostic ErrorDiagnostic(AI_CParseException const &error, Range const &range, 
         break;
     case AI_PE_FACT_EXPECTED:
         diagnostic.message = "expected a fact, found " + Quoted(param);
+        if (AI_IsAction(AI_Symbol(param.c_str())))
+            diagnostic.hints.push_back(Quoted(param) + " is an action: actions come after '=>'");
         Suggest(diagnostic, param, IsFactSID);
         break;
     case AI_PE_ACTION_EXPECTED:
         diagnostic.message = "expected an action, found " + Quoted(param);
+        if (AI_IsFact(AI_Symbol(param.c_str())))
+            diagnostic.hints.push_back(Quoted(param) + " is a fact: facts come before '=>'");
         Suggest(diagnostic, param, IsActionSID);
         break;
     case AI_PE_EXPRESSION_EXPECTED:

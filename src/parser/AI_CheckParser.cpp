@@ -154,9 +154,11 @@ public:
     }
     void CommandList(AI_CCommandList *pCommands, AI_Span whole) override
     {
-        if (whole.nBegin == m_nRunBegin)
+        bool bTop = whole.nBegin == m_nRunBegin;
+        if (bTop)
             m_pTopList = pCommands;
         m_listener.CommandList(pCommands, whole);
+        m_listener.CommandListed(bTop ? -1 : whole.nBegin);
     }
     void FileName(CString const *pFilename, AI_Span whole) override { m_listener.FileName(pFilename, whole); }
     void ValueSymbol(unsigned int nSID, AI_Span whole) override { m_listener.ValueSymbol(nSID, whole); }

@@ -22,6 +22,9 @@ public:
     // nPrevious is the code of the token before the one that failed and
     // bInActions tells whether a rule's arrow was passed (for hints).
     virtual void Error(AI_CParseException const &error, AI_Span span, int nPrevious, bool bInActions) = 0;
+    // The command just read went into a list: -1 the file's top level,
+    // else the offset where the list's first command begins.
+    virtual void CommandListed(int nList) = 0;
 };
 
 class AI_CCheckParser : public AI_CParser

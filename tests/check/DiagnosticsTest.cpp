@@ -1,4 +1,4 @@
-// Every error code of check mode: where it points, the line the specified
+// Every error code of check mode: where it points, the line the plain
 // analysis reports, and that the first error of a file is the one that
 // analysis stops at.
 #include <stdlib.h>
@@ -57,7 +57,7 @@ TEST_F(Diagnostics, EachCodePointsAtItsToken)
     }
 }
 
-// The specified analysis of the same text, on disk: its cause and line.
+// The plain analysis of the same text, on disk: its cause and line.
 class FirstError : public CheckTest
 {
 protected:
@@ -129,6 +129,8 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         {"(defrule (food-amount < 5) => (build archery-rnage))", "did you mean 'archery-range'?", "archery-range"},
         {"#load-if-defined GIANT-MAPP (load \"a\") #end-if", "did you mean 'GIANT-MAP'?", "GIANT-MAP"},
         {"(defconst my-goal 3)\n(defrule (goal my-gaol 1) => (do-nothing))", "did you mean 'my-goal'?", "my-goal"},
+        {"(defrule (true) => (wood-amount < 3))", "'wood-amount' is a fact: facts come before '=>'", ""},
+        {"(defrule (resign) => (resign))", "'resign' is an action: actions come after '=>'", ""},
     };
     for (Row const &row : rows) {
         stratagem::CheckReport report = Run(row.pszScript);
@@ -136,6 +138,8 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         stratagem::Diagnostic const &first = report.diagnostics.front();
         ASSERT_FALSE(first.hints.empty()) << row.pszScript;
         EXPECT_EQ(row.pszHint, first.hints.front()) << row.pszScript;
+        if (!*row.pszFix)
+            continue;
         ASSERT_FALSE(first.fixes.empty());
         EXPECT_EQ(row.pszFix, first.fixes.front().text);
         stratagem::Range const &fix = first.fixes.front().range;
@@ -185,6 +189,15 @@ TEST_F(Diagnostics, MissingMainFileHasNoRange)
     stratagem::CheckReport report = stratagem::Check("nowhere.per", options);
     ASSERT_EQ(1u, report.diagnostics.size());
     EXPECT_EQ("nowhere.per:0:0-0:0 E100", Where(report.diagnostics[0]));
+}
+
+TEST_F(Diagnostics, ADirectoryIsNoScript)
+{
+    stratagem::CheckOptions options;
+    stratagem::CheckReport report = stratagem::Check(testing::TempDir(), options);
+    ASSERT_EQ(1u, report.diagnostics.size());
+    EXPECT_EQ("E100", report.diagnostics[0].code);
+    EXPECT_NE(std::string::npos, report.diagnostics[0].message.find("Is a directory")) << report.diagnostics[0].message;
 }
 
 TEST_F(Diagnostics, TheDiskIsReadInTextMode)

@@ -100,6 +100,28 @@ TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
     }
 }
 
+TEST_F(Reports, OddTextNeitherThrowsNorLosesBytes)
+{
+    // Every byte alone, and texts that end inside a construct: the tokens
+    // never overlap, stay inside the text, and the check reports instead of
+    // throwing.
+    std::vector<std::string> texts = {"\"\\", "\"abc\\\n", "#", "(defrule", "(load \"a", ";", "\r", "\r\n\r\n"};
+    for (int ch = 0; ch < 256; ++ch)
+        texts.push_back(std::string(1, static_cast<char>(ch)));
+    for (std::string const &text : texts) {
+        int nLastLine = 0, nLastColumn = 0;
+        for (stratagem::Token const &token : stratagem::Tokenize(text)) {
+            EXPECT_FALSE(token.text.empty() && token.code != stratagem::token::Invalid) << text;
+            EXPECT_NE(std::string::npos, text.find(token.text)) << text;
+            EXPECT_GT(std::make_pair(token.range.line, token.range.column), std::make_pair(nLastLine, nLastColumn));
+            nLastLine = token.range.endLine;
+            nLastColumn = token.range.endColumn;
+        }
+        stratagem::CheckReport report = Run(text);
+        EXPECT_EQ(report.errors + report.warnings, static_cast<int>(report.diagnostics.size()));
+    }
+}
+
 TEST_F(Reports, VocabularyDescriptions)
 {
     EXPECT_EQ("goal-id", stratagem::ParamTypeName(AI_PT_GOAL_ID));

@@ -29,6 +29,9 @@ TEST_F(Warnings, EachCodeOnItsMistake)
         // W004: one rule written twice in a list; in two branches it is fine.
         {"(defrule (true) => (do-nothing))\n(defrule (true)\n  => (do-nothing)) ; again",
          {"main.per:2:1-3:18 W004"}},
+        // Also when an error lies between them.
+        {"(defrule (true) => (do-nothing))\n(defrule (tru) => (do-nothing))\n(defrule (true) => (do-nothing))",
+         {"main.per:2:11-2:13 E007", "main.per:3:1-3:32 W004"}},
         {"#load-if-defined GIANT-MAP (defrule (true) => (do-nothing))\n"
          "#else (defrule (true) => (do-nothing)) #end-if",
          {}},
