@@ -2,10 +2,6 @@
 
 #include <new>
 
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
-
 #include "Uri.h"
 #include "../platform/CException.h"
 #include "../vocabulary/AI_Vocabulary.h"
@@ -368,11 +364,6 @@ void Server::Reanalyse(std::set<std::string> const &changed, bool all)
         Notify("textDocument/publishDiagnostics", std::move(params));
         m_published[file.path] = std::move(diagnostics);
     }
-#if defined(__GLIBC__)
-    // An analysis allocates and frees tens of MiB; without handing the free
-    // pages back, a long session's resident size creeps up with every edit.
-    malloc_trim(0);
-#endif
 }
 
 }  // namespace stratagem::server
