@@ -1,18 +1,31 @@
 #include "Protocol.h"
 
+#include <climits>
 #include <tuple>
 
 namespace stratagem::server {
 
 Json ToJson(Position position) { return {{"line", position.line}, {"character", position.character}}; }
 
+int IntegerFrom(Json const &json)
+{
+    if (!json.is_number_integer())
+        throw Json::type_error::create(302, "an integer is expected", &json);
+    long long const value = json.is_number_unsigned() && json.get<unsigned long long>() > INT_MAX
+                                ? static_cast<long long>(INT_MAX) + 1
+                                : json.get<long long>();
+    if (value < INT_MIN || value > INT_MAX)
+        throw Json::out_of_range::create(406, "the integer is out of range", &json);
+    return static_cast<int>(value);
+}
+
 Position PositionFromJson(Json const &json)
 {
     Position position;
-    position.line = json.at("line").get<int>();
-    position.character = json.at("character").get<int>();
+    position.line = IntegerFrom(json.at("line"));
+    position.character = IntegerFrom(json.at("character"));
     if (position.line < 0 || position.character < 0)
-        throw Json::other_error::create(0, "negative position", &json);
+        throw Json::other_error::create(501, "negative position", &json);
     return position;
 }
 

@@ -16,6 +16,8 @@ namespace stratagem::server {
 using Json = nlohmann::json;
 
 Json ToJson(Position position);
+// A JSON integer that fits an int; anything else throws as invalid params.
+int IntegerFrom(Json const &json);
 Position PositionFromJson(Json const &json);
 TextRange RangeFromJson(Json const &json);
 

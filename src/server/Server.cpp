@@ -275,11 +275,22 @@ void Server::Configure(Json const &options)
         fields = Json::object();
     for (auto const &field : fields.items()) {
         SettingsField const *known = FindSettingsField(field.key().c_str());
-        if (!known || !field.value().is_number_integer()) {
-            Warn("settings: unknown field or non-integer value: " + field.key());
+        if (!known) {
+            Warn("settings: unknown field '" + field.key() + "'; the fields are " + SettingsFieldNames());
             continue;
         }
-        settings.settings.*known->pMember = field.value().get<int>();
+        ValueRange const range = FieldRange(*known);
+        int value = range.nMin - 1;
+        try {
+            value = IntegerFrom(field.value());
+        } catch (Json::exception const &) {
+        }
+        if (value < range.nMin || value > range.nMax) {
+            Warn("settings: " + field.key() + " takes an integer from " + std::to_string(range.nMin) + " to " +
+                 std::to_string(range.nMax));
+            continue;
+        }
+        settings.settings.*known->pMember = value;
     }
     Json const defines = options.value("defines", Json::array());
     for (Json const &word : defines.is_array() ? defines : Json::array()) {
@@ -296,7 +307,7 @@ void Server::DidOpen(Json const &params)
 {
     Json const &document = params.at("textDocument");
     std::string const uri = document.at("uri").get<std::string>();
-    if (m_documents.Open(uri, document.at("text").get<std::string>(), document.value("version", 0)))
+    if (m_documents.Open(uri, document.at("text").get<std::string>(), IntegerFrom(document.at("version"))))
         Reanalyse({PathOfUri(params)});
 }
 
@@ -311,7 +322,8 @@ void Server::DidChange(Json const &params)
         content.text = change.at("text").get<std::string>();
         changes.push_back(std::move(content));
     }
-    if (m_documents.Change(document.at("uri").get<std::string>(), document.value("version", 0), changes))
+    int const version = document.contains("version") && !document["version"].is_null() ? IntegerFrom(document["version"]) : 0;
+    if (m_documents.Change(document.at("uri").get<std::string>(), version, changes))
         Reanalyse({PathOfUri(params)});
 }
 

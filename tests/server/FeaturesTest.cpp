@@ -157,6 +157,7 @@ TEST_F(Features, WarnsAboutUnknownSettings)
     };
     Row const rows[] = {{{{"settings", {{"nMapSize", 5}}}, {"defines", {"REGICIDE"}}}, 0},
                         {{{"settings", {{"nMapSize", "big"}, {"noSuchField", 1}}}}, 2},
+                        {{{"settings", {{"nMapSize", 99}, {"nCiv", 1e9}}}}, 2},  // out of range, no integer
                         {{{"defines", {"NO-SUCH-WORD", 3}}}, 2},
                         {{{"mainFiles", "main.per"}}, 0},
                         {{{"mainFiles", {"main.per", 7}}}, 1}};

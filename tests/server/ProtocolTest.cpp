@@ -68,6 +68,21 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
                           {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", -1}, {"character", 0}}}}}})
                    .dump()),
          5, -32602},
+        {"position not an integer", true,
+         frame(Envelope({{"id", 5},
+                         {"method", "textDocument/completion"},
+                         {"params",
+                          {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", 1e300}, {"character", 0}}}}}})
+                   .dump()),
+         5, -32602},
+        {"position too large", true,
+         frame(Envelope({{"id", 5},
+                         {"method", "textDocument/hover"},
+                         {"params",
+                          {{"textDocument", {{"uri", "file:///x.per"}}},
+                           {"position", {{"line", 0}, {"character", 18446744073709551615ull}}}}}})
+                   .dump()),
+         5, -32602},
         {"initialize twice", true, frame(Envelope({{"id", 5}, {"method", "initialize"}, {"params", Json::object()}}).dump()),
          5, -32600},
         {"request before initialize", false, frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}}).dump()), 5,
