@@ -5,9 +5,10 @@ JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD    ?= build
 ASAN     ?= build-asan
 CMAKE_GEN = cmake -S . -DCMAKE_BUILD_TYPE=Release
-PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config nlohmann-json3-dev
+PACKAGES  = g++ cmake flex bison libgtest-dev libbenchmark-dev make pkg-config nlohmann-json3-dev neovim
 FUZZ_PACKAGES = clang libclang-rt-dev
 FUZZ_SECONDS ?= 60
+LSP_FUZZ_SECONDS ?= 20
 
 VSCODE    = editors/vscode
 
@@ -69,12 +70,14 @@ bench: deps
 	$(CMAKE_GEN) -B build-bench -DSTRATAGEM_BENCH=ON -DSTRATAGEM_TESTS=OFF >/dev/null
 	cmake --build build-bench -j $(JOBS)
 	build-bench/bench/stratagem_bench
+	build-bench/bench/stratagem_lsp_bench
 
 fuzz: fuzz-deps
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DSTRATAGEM_FUZZ=ON -DSTRATAGEM_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-	cmake --build build-fuzz -j $(JOBS) --target stratagem_fuzz
-	mkdir -p fuzz-corpus
+	cmake --build build-fuzz -j $(JOBS) --target stratagem_fuzz stratagem_lsp_fuzz
+	mkdir -p fuzz-corpus fuzz-corpus-lsp
 	build-fuzz/fuzz/stratagem_fuzz -max_total_time=$(FUZZ_SECONDS) -detect_leaks=1 fuzz-corpus fuzz/seeds
+	build-fuzz/fuzz/stratagem_lsp_fuzz -max_total_time=$(LSP_FUZZ_SECONDS) -max_len=65536 -detect_leaks=1 fuzz-corpus-lsp fuzz/lsp-seeds
 
 # The VS Code extension as $(VSCODE)/stratagem.vsix, with the grammar the
 # build generates from the vocabulary.

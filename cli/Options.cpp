@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "SettingsFields.h"
+#include "vocabulary/AI_SettingsFields.h"
 
 namespace {
 

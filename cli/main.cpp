@@ -14,7 +14,7 @@
 #include "CheckMode.h"
 #include "Options.h"
 #include "Output.h"
-#include "SettingsFields.h"
+#include "vocabulary/AI_SettingsFields.h"
 #include "TreePrinter.h"
 #include "stratagem.h"
 

@@ -26,6 +26,10 @@ if(TARGET stratagem_cli)
   set_target_properties(stratagem_cli PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
   install(TARGETS stratagem_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
+if(TARGET stratagem_lsp)
+  set_target_properties(stratagem_lsp PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+  install(TARGETS stratagem_lsp RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
 
 # ---- headers ------------------------------------------------------------------
 stratagem_install_public_headers(

@@ -10,5 +10,6 @@
 #include "AI_Constants.h"
 #include "AI_Builtins.h"
 #include "AI_GameSettings.h"
+#include "AI_SettingsFields.h"
 
 #endif

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 // Lowest first.
 std::vector<std::string> const kLayers = {"platform", "vocabulary", "objects", "strategy",
-                                          "parser",   "analysis",   "check"};
+                                          "parser",   "analysis",   "check",    "server"};
 
 int Rank(std::string const &folder)
 {

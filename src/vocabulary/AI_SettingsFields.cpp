@@ -1,9 +1,12 @@
-#include "SettingsFields.h"
+// Settings fields by name, over the one table of fields in the game settings.
+#include "AI_SettingsFields.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iomanip>
 #include <ostream>
+
+#include "AI_SymbolTable.h"
 
 SettingsFieldList AllSettingsFields()
 {
@@ -20,15 +23,24 @@ SettingsField const *FindSettingsField(char const *name)
     return nullptr;
 }
 
-bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings)
+SettingsField const *DefineField(unsigned int nSID, int &value)
 {
     for (SettingsField const &field : AllSettingsFields()) {
         if (nSID < field.nFirstDefine || nSID > field.nLastDefine)
             continue;
-        settings.*field.pField = field.IsFlag() ? 1 : static_cast<int>(nSID - field.nFirstDefine);
-        return true;
+        value = field.IsFlag() ? 1 : static_cast<int>(nSID - field.nFirstDefine);
+        return &field;
     }
-    return false;
+    return nullptr;
+}
+
+bool ApplyDefine(unsigned int nSID, AI_GameSettings &settings)
+{
+    int value = 0;
+    SettingsField const *field = DefineField(nSID, value);
+    if (field)
+        settings.*field->pField = value;
+    return field != nullptr;
 }
 
 std::string SettingsFieldNames()

@@ -1,0 +1,87 @@
+// The document store: changes of one didChange applied in order, whole-text
+// changes, reopening, and what the checker reads through it.
+#include <cerrno>
+
+#include "ServerTestSupport.h"
+#include "server/Documents.h"
+
+namespace {
+
+using namespace stratagem::server;
+
+ContentChange Edit(int line, int from, int toLine, int to, std::string text)
+{
+    return {TextRange{{line, from}, {toLine, to}}, std::move(text)};
+}
+
+TEST(Documents, AppliesChangesInOrder)
+{
+    struct Row
+    {
+        char const *name;
+        std::string before;
+        std::vector<ContentChange> changes;
+        std::string after;
+    };
+    Row const rows[] = {
+        {"typing a word", "(defrule\n    (tr", {Edit(1, 7, 1, 7, "a"), Edit(1, 8, 1, 8, "in")}, "(defrule\n    (train"},
+        {"each change sees the one before", "abc", {Edit(0, 0, 0, 1, "xy"), Edit(0, 2, 0, 3, "Z")}, "xyZc"},
+        {"whole text, then a range", "old", {{std::nullopt, "new\ntext"}, Edit(1, 0, 1, 4, "line")}, "new\nline"},
+        {"joining lines", "a\r\nb\r\nc", {Edit(0, 1, 2, 0, " ")}, "a c"},
+        {"after an astral character", "\xF0\x9F\x98\x80x", {Edit(0, 2, 0, 3, "y")}, "\xF0\x9F\x98\x80y"},
+    };
+    for (Row const &row : rows) {
+        DocumentStore store;
+        std::string const uri = "file:///w/a.per";
+        ASSERT_TRUE(store.Open(uri, row.before, 1));
+        ASSERT_TRUE(store.Change(uri, 2, row.changes));
+        EXPECT_EQ(row.after, store.Find(uri)->text.Content()) << row.name;
+        EXPECT_EQ(2, store.Find(uri)->version) << row.name;
+    }
+}
+
+TEST(Documents, TracksOpenDocumentsByPath)
+{
+    DocumentStore store;
+    EXPECT_FALSE(store.Open("untitled:1", "x", 1));
+    EXPECT_FALSE(store.Change("file:///w/a.per", 2, {}));
+    ASSERT_TRUE(store.Open("file:///w/sub/../a.per", "first", 1));
+    ASSERT_TRUE(store.Open("file:///w/b.per", "second", 1));
+    ASSERT_TRUE(store.Open("file:///w/sub/../a.per", "again", 3));  // reopened: now the newest
+    std::vector<Document const *> const all = store.All();
+    ASSERT_EQ(2u, all.size());
+    EXPECT_EQ("/w/b.per", all[0]->path);
+    EXPECT_EQ("/w/a.per", all[1]->path);
+
+    std::string bytes;
+    int error = 0;
+    EXPECT_TRUE(store.Read("/w/./a.per", bytes, error));
+    EXPECT_EQ("again", bytes);
+    EXPECT_TRUE(store.Close("file:///w/sub/../a.per"));
+    EXPECT_FALSE(store.Close("file:///w/sub/../a.per"));
+    EXPECT_EQ(nullptr, store.FindPath("/w/a.per"));
+}
+
+// Closed files come from the disk, but never a directory or a device.
+TEST(Documents, ReadsOnlyRegularFilesFromDisk)
+{
+    struct Row
+    {
+        std::string name;
+        bool read;
+        int error;
+    };
+    Row const rows[] = {{servertest::DataPath("strategy/rules.per"), true, 0},
+                        {servertest::DataPath("strategy"), false, EISDIR},
+                        {"/dev/null", false, EINVAL},
+                        {servertest::DataPath("no-such-file.per"), false, ENOENT}};
+    DocumentStore const store;
+    for (Row const &row : rows) {
+        std::string bytes;
+        int error = 0;
+        EXPECT_EQ(row.read, store.Read(row.name, bytes, error)) << row.name;
+        EXPECT_EQ(row.error, error) << row.name;
+    }
+}
+
+}  // namespace

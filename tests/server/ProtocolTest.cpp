@@ -1,0 +1,214 @@
+// The protocol's error paths and lifecycle: every broken or untimely
+// message gets its JSON-RPC / LSP error (or is dropped, for notifications)
+// and the server goes on to answer the next request.
+#include "ServerTestSupport.h"
+
+namespace {
+
+using servertest::Json;
+using servertest::ResponseTo;
+using servertest::Session;
+
+int const kProbe = 99;  // a request after the broken message proves the server goes on
+
+class Protocol : public servertest::Vocabulary
+{
+};
+
+Json Envelope(Json const &fields)
+{
+    Json message = {{"jsonrpc", "2.0"}};
+    message.update(fields);
+    return message;
+}
+
+TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
+{
+    struct Row
+    {
+        char const *name;
+        bool initialized;
+        std::string raw;    // the broken message, framed or not
+        Json expectedId;    // of the error response
+        int expectedCode;
+    };
+    auto const frame = [](std::string const &body) { return servertest::Frame(body); };
+    Row const rows[] = {
+        {"body not JSON", true, frame("{\"jsonrpc\": \"2.0\", "), nullptr, -32700},
+        {"body not UTF-8", true, frame("{\"a\": \"\xFF\"}"), nullptr, -32700},
+        {"empty body", true, frame(""), nullptr, -32700},
+        {"nested too deeply", true, frame(std::string(100000, '[') + std::string(100000, ']')), nullptr, -32700},
+        {"header without length", true, "Content-Type: x\r\n\r\n{}", nullptr, -32700},
+        {"length not a number", true, "Content-Length: abc\r\n\r\n{}", nullptr, -32700},
+        {"array", true, frame("[1, 2]"), nullptr, -32600},
+        {"number", true, frame("42"), nullptr, -32600},
+        {"no jsonrpc", true, frame(R"({"id": 5, "method": "shutdown"})"), 5, -32600},
+        {"wrong jsonrpc", true, frame(R"({"jsonrpc": "1.0", "id": 5, "method": "shutdown"})"), 5, -32600},
+        {"id an object", true, frame(Envelope({{"id", {{"a", 1}}}, {"method", "shutdown"}}).dump()), nullptr, -32600},
+        {"id null", true, frame(Envelope({{"id", nullptr}, {"method", "shutdown"}}).dump()), nullptr, -32600},
+        {"method a number", true, frame(Envelope({{"id", 5}, {"method", 7}}).dump()), 5, -32600},
+        {"no method", true, frame(Envelope({{"id", 5}}).dump()), 5, -32600},
+        {"unknown method", true, frame(Envelope({{"id", 5}, {"method", "foo/bar"}}).dump()), 5, -32601},
+        {"unknown $/ request", true, frame(Envelope({{"id", "s"}, {"method", "$/foo"}}).dump()), "s", -32601},
+        {"params not an object", true,
+         frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", {1, 2}}}).dump()), 5, -32602},
+        {"params missing fields", true,
+         frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", Json::object()}}).dump()), 5,
+         -32602},
+        {"position of the wrong type", true,
+         frame(Envelope({{"id", 5},
+                         {"method", "textDocument/hover"},
+                         {"params", {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", "here"}}}})
+                   .dump()),
+         5, -32602},
+        {"negative position", true,
+         frame(Envelope({{"id", 5},
+                         {"method", "textDocument/completion"},
+                         {"params",
+                          {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", -1}, {"character", 0}}}}}})
+                   .dump()),
+         5, -32602},
+        {"position not an integer", true,
+         frame(Envelope({{"id", 5},
+                         {"method", "textDocument/completion"},
+                         {"params",
+                          {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", 1e300}, {"character", 0}}}}}})
+                   .dump()),
+         5, -32602},
+        {"position too large", true,
+         frame(Envelope({{"id", 5},
+                         {"method", "textDocument/hover"},
+                         {"params",
+                          {{"textDocument", {{"uri", "file:///x.per"}}},
+                           {"position", {{"line", 0}, {"character", 18446744073709551615ull}}}}}})
+                   .dump()),
+         5, -32602},
+        {"initialize twice", true, frame(Envelope({{"id", 5}, {"method", "initialize"}, {"params", Json::object()}}).dump()),
+         5, -32600},
+        {"request before initialize", false, frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}}).dump()), 5,
+         -32002},
+    };
+    for (Row const &row : rows) {
+        Session session;
+        if (row.initialized)
+            session.Initialize();
+        session.Raw(row.raw).Request(kProbe, row.initialized ? "shutdown" : "initialize", Json::object());
+        std::vector<Json> const messages = session.Run();
+        Json error;
+        for (Json const &message : messages)
+            if (message.contains("error"))
+                error = message;
+        ASSERT_FALSE(error.is_null()) << row.name;
+        EXPECT_EQ(row.expectedId, error["id"]) << row.name;
+        EXPECT_EQ(row.expectedCode, error["error"]["code"]) << row.name;
+        EXPECT_TRUE(error["error"]["message"].is_string()) << row.name;
+        Json const probe = ResponseTo(messages, kProbe);
+        EXPECT_TRUE(probe.contains("result")) << row.name << ": the server did not go on";
+    }
+}
+
+// Notifications never get a response, whatever their state or method.
+TEST_F(Protocol, DropsNotificationsQuietly)
+{
+    struct Row
+    {
+        char const *name;
+        bool initialized;
+        Json notification;
+    };
+    Row const rows[] = {
+        {"cancel", true, Envelope({{"method", "$/cancelRequest"}, {"params", {{"id", 3}}}})},
+        {"progress", true, Envelope({{"method", "$/progress"}, {"params", Json::object()}})},
+        {"unknown", true, Envelope({{"method", "foo/bar"}})},
+        {"before initialize", false, Envelope({{"method", "textDocument/didOpen"}, {"params", Json::object()}})},
+        {"invalid params", true, Envelope({{"method", "textDocument/didChange"}, {"params", {{"x", 1}}}})},
+        {"a response from the client", true, Envelope({{"id", 7}, {"result", nullptr}})},
+    };
+    for (Row const &row : rows) {
+        Session session;
+        if (row.initialized)
+            session.Initialize();
+        session.Send(row.notification).Request(kProbe, row.initialized ? "shutdown" : "initialize");
+        for (Json const &message : session.Run()) {
+            EXPECT_FALSE(message.contains("error")) << row.name << ": " << message.dump();
+            if (message.value("method", "") == "window/showMessage")
+                EXPECT_EQ("invalid params", row.name) << message.dump();
+        }
+    }
+}
+
+TEST_F(Protocol, EndsWithTheStatusOfItsShutdown)
+{
+    struct Row
+    {
+        char const *name;
+        bool shutdown;
+        bool exit;
+        int status;
+    };
+    Row const rows[] = {{"shutdown then exit", true, true, 0},
+                        {"exit alone", false, true, 1},
+                        {"input ends", false, false, 1},
+                        {"input ends after shutdown", true, false, 1}};
+    for (Row const &row : rows) {
+        Session session;
+        session.Initialize();
+        if (row.shutdown)
+            session.Request(1, "shutdown");
+        if (row.exit)
+            session.Notify("exit");
+        session.Request(2, "shutdown");  // after exit nothing is read
+        std::vector<Json> const messages = session.Run();
+        EXPECT_EQ(row.status, session.Status()) << row.name;
+        EXPECT_EQ(row.exit, ResponseTo(messages, 2).is_null()) << row.name;
+    }
+}
+
+TEST_F(Protocol, RefusesRequestsAfterShutdown)
+{
+    Session session;
+    session.Initialize().Request(1, "shutdown").Request(2, "textDocument/hover").Request(3, "shutdown");
+    std::vector<Json> const messages = session.Run();
+    EXPECT_TRUE(ResponseTo(messages, 1).contains("result"));
+    EXPECT_TRUE(ResponseTo(messages, 1)["result"].is_null());
+    EXPECT_EQ(-32600, ResponseTo(messages, 2)["error"]["code"]);
+    EXPECT_EQ(-32600, ResponseTo(messages, 3)["error"]["code"]);
+}
+
+// Requests without params take "params": null or no params at all.
+TEST_F(Protocol, AcceptsRequestsWithoutParams)
+{
+    Session session;
+    session.Initialize()
+        .Send(Envelope({{"id", 1}, {"method", "shutdown"}, {"params", nullptr}}))
+        .Send(Envelope({{"id", 2}, {"method", "shutdown"}}));
+    std::vector<Json> const messages = session.Run();
+    EXPECT_TRUE(ResponseTo(messages, 1).contains("result")) << ResponseTo(messages, 1).dump();
+    EXPECT_EQ(-32600, ResponseTo(messages, 2)["error"]["code"]);  // already shut down
+}
+
+TEST_F(Protocol, SkipsOversizedMessages)
+{
+    stratagem::server::ReadLimits limits;
+    limits.maxBodyBytes = 1024;
+    Session session;
+    session.Initialize().Raw(servertest::Frame(std::string(4096, ' '))).Request(kProbe, "shutdown");
+    std::vector<Json> const messages = session.Run(limits);
+    ASSERT_GE(messages.size(), 2u);
+    EXPECT_EQ(-32600, messages[messages.size() - 2]["error"]["code"]);
+    EXPECT_TRUE(ResponseTo(messages, kProbe).contains("result"));
+}
+
+TEST_F(Protocol, AnnouncesItsCapabilities)
+{
+    Session session;
+    std::vector<Json> const messages = session.Initialize().Run();
+    Json const capabilities = ResponseTo(messages, 0)["result"]["capabilities"];
+    EXPECT_EQ(2, capabilities["textDocumentSync"]["change"]);
+    EXPECT_TRUE(capabilities["textDocumentSync"]["openClose"]);
+    for (char const *provider : {"hoverProvider", "completionProvider", "signatureHelpProvider", "definitionProvider",
+                                 "referencesProvider", "documentSymbolProvider", "codeActionProvider"})
+        EXPECT_TRUE(capabilities.contains(provider)) << provider;
+}
+
+}  // namespace
