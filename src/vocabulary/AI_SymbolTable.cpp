@@ -21,7 +21,14 @@ void Intern(char const *pszName, unsigned int nSID)
         if (nSID < kDenseSids && nSID >= r.named.size())
             r.named.resize(std::max<std::size_t>(nSID + 1, 2 * r.named.size()));
         r.names[nSID] = pszText;
-        r.symbols[pszText] = nSID;
+        auto const it = r.symbols.find(pszText);
+        if (it != r.symbols.end()) {
+            it->second.nSID = nSID;
+        } else {
+            auto pSpelling = std::make_unique<std::string const>(pszText);
+            std::string_view const key = *pSpelling;
+            r.symbols.emplace(key, Symbol{nSID, std::move(pSpelling)});
+        }
     });
     if (nSID < kDenseSids)
         r.named[nSID] = true;
@@ -42,13 +49,9 @@ bool Forget(unsigned int nSID)
 
 unsigned int Find(char const *pszName)
 {
-    // The parser asks for every word of a script: the key is built in one
-    // buffer kept for the purpose, so that a lookup does not allocate.
-    static std::string key;
-    platform::Allocating([&] { key.assign(pszName); });
-    std::unordered_map<std::string, unsigned int> const &symbols = TheRegistry().symbols;
-    auto const it = symbols.find(key);
-    return it != symbols.end() ? it->second : 0;
+    auto const &symbols = TheRegistry().symbols;
+    auto const it = symbols.find(pszName);
+    return it != symbols.end() ? it->second.nSID : 0;
 }
 
 int IsRegistered(unsigned int nSID)
