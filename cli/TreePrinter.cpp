@@ -65,11 +65,13 @@ void WriteTree(std::ostream &out, AI_CObject const &root)
         }
         AI_CObject const *child = pending[top.nNext++];
         WriteLine(out, *child, path.size());
-        if (onPath.count(child))
-            continue;
         std::size_t const nBegin = pending.size();
         if (AppendChildren(*child, pending) == 0)
             continue;  // a leaf: nothing below it to walk
+        if (onPath.count(child)) {
+            pending.resize(nBegin);
+            continue;
+        }
         onPath.insert(child);
         path.push_back({child, nBegin, nBegin, pending.size()});
     }
