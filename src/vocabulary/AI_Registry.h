@@ -17,12 +17,13 @@ typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> Function
 
 unsigned int const kDenseSids = 1u << 24;
 
-// A name's entry: the key of the entry views the spelling the entry owns,
-// so that looking up a word of a script copies nothing.
+// A name's entry: the key of the entry views the spelling the entry owns
+// (in the same node, so a lookup reads one place), and looking up a word of
+// a script copies nothing.
 struct Symbol
 {
     unsigned int nSID;
-    std::unique_ptr<std::string const> pSpelling;
+    std::string spelling;
 };
 
 struct Registry

@@ -25,9 +25,11 @@ void Intern(char const *pszName, unsigned int nSID)
         if (it != r.symbols.end()) {
             it->second.nSID = nSID;
         } else {
-            auto pSpelling = std::make_unique<std::string const>(pszText);
-            std::string_view const key = *pSpelling;
-            r.symbols.emplace(key, Symbol{nSID, std::move(pSpelling)});
+            // Entered under the caller's text, then keyed by its own copy;
+            // the node stays where it is, so the view stays valid.
+            auto node = r.symbols.extract(r.symbols.emplace(pszText, Symbol{nSID, pszText}).first);
+            node.key() = node.mapped().spelling;
+            r.symbols.insert(std::move(node));
         }
     });
     if (nSID < kDenseSids)
