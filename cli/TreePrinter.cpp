@@ -1,34 +1,43 @@
 #include "TreePrinter.h"
 
 #include <ostream>
+#include <string>
 #include <unordered_set>
 #include <vector>
 
 namespace {
 
+// A line goes out in one write: a tree has a line for every object, and
+// the stream's per-call cost would otherwise outweigh the walk.
 void WriteLine(std::ostream &out, AI_CObject const &object, std::size_t nLevel)
 {
-    for (std::size_t i = 0; i < nLevel; ++i)
-        out << "  ";
-    out << static_cast<char const *>(object.GetDescription()) << '\n';
+    static std::string line;
+    CString const description = object.GetDescription();
+    line.assign(2 * nLevel, ' ');
+    line.append(description.str()).push_back('\n');
+    out.write(line.data(), static_cast<std::streamsize>(line.size()));
 }
 
-// One object on the path from the root, with the children still to visit.
+// One object on the path from the root; its children are pending[nBegin]
+// up to pending[nEnd], those from nNext on still to visit. The objects on
+// the path share one vector of children, each object's above its parent's,
+// so that entering an object allocates nothing once the vector has grown.
 struct Frame
 {
     AI_CObject const *pObject;
-    std::vector<AI_CObject *> children;
-    std::size_t nNext = 0;
+    std::size_t nBegin;
+    std::size_t nNext;
+    std::size_t nEnd;
 };
 
-Frame Enter(AI_CObject const &object)
+// Appends the object's children to pending; answers how many there are.
+std::size_t AppendChildren(AI_CObject const &object, std::vector<AI_CObject const *> &pending)
 {
     CTypedPtrList<CObList, AI_CObject *> list;
     object.GetObjects(list);
-    Frame frame{&object, {}, 0};
     for (POSITION pos = list.GetHeadPosition(); pos != nullptr;)
-        frame.children.push_back(list.GetNext(pos));
-    return frame;
+        pending.push_back(list.GetNext(pos));
+    return static_cast<std::size_t>(list.GetCount());
 }
 
 } // namespace
@@ -38,25 +47,32 @@ Frame Enter(AI_CObject const &object)
 void WriteTree(std::ostream &out, AI_CObject const &root)
 {
     std::vector<Frame> path;
+    std::vector<AI_CObject const *> pending;
     std::unordered_set<AI_CObject const *> onPath;
 
     WriteLine(out, root, 0);
-    path.push_back(Enter(root));
+    path.push_back({&root, 0, 0, AppendChildren(root, pending)});
     onPath.insert(&root);
     while (!path.empty())
     {
         Frame &top = path.back();
-        if (top.nNext == top.children.size())
+        if (top.nNext == top.nEnd)
         {
             onPath.erase(top.pObject);
+            pending.resize(top.nBegin);
             path.pop_back();
             continue;
         }
-        AI_CObject const *child = top.children[top.nNext++];
+        AI_CObject const *child = pending[top.nNext++];
         WriteLine(out, *child, path.size());
-        if (onPath.count(child))
+        std::size_t const nBegin = pending.size();
+        if (AppendChildren(*child, pending) == 0)
+            continue;  // a leaf: nothing below it to walk
+        if (onPath.count(child)) {
+            pending.resize(nBegin);
             continue;
-        path.push_back(Enter(*child));
+        }
         onPath.insert(child);
+        path.push_back({child, nBegin, nBegin, pending.size()});
     }
 }

@@ -25,9 +25,7 @@ int AI_CAction::IsActionID(unsigned int nSID)
 
 CString AI_CAction::GetDescription()
 {
-    CString str;
-    str.Format("action: %s", AI_String(m_nSID).GetString());
-    return str;
+    return "action: " + AI_String(m_nSID);
 }
 
 void AI_CAction::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const

@@ -45,9 +45,7 @@ int AI_CTestCE::IsFactID(unsigned int nSID)
 
 CString AI_CTestCE::GetDescription()
 {
-    CString str;
-    str.Format("fact: %s", AI_String(m_nSID).GetString());
-    return str;
+    return "fact: " + AI_String(m_nSID);
 }
 
 void AI_CTestCE::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const

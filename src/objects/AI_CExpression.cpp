@@ -39,21 +39,20 @@ int AI_CExpression::IsExpressionID(unsigned int nSID)
     return AI_IsParam(nSID);
 }
 
+// Joined rather than formatted where no number is involved: a tree walk
+// describes every argument of a strategy.
 CString AI_CExpression::GetDescription()
 {
     CString str;
     switch (m_nType) {
     case AI_EXPR_SYMBOL:
-        str.Format("symbol: %s", AI_String(m_contents.nSID).GetString());
-        break;
+        return "symbol: " + AI_String(m_contents.nSID);
     case AI_EXPR_STRING:
-        str.Format("string: %s", m_contents.pString ? m_contents.pString->GetString() : "");
-        break;
+        return CString("string: ") + (m_contents.pString ? m_contents.pString->GetString() : "");
     default:
         str.Format("integer: %d", m_contents.nInteger);
-        break;
+        return str;
     }
-    return str;
 }
 
 void AI_CExpression::GetObjects(CTypedPtrList<CObList, AI_CObject *> &) const {}

@@ -4,16 +4,23 @@
 #ifndef STRATAGEM_PLATFORM_COBLIST_H
 #define STRATAGEM_PLATFORM_COBLIST_H
 
+#include <functional>
+
 #include "CObject.h"
 #include "memory.h"
 
 // The shared list machinery; POSITION is a node pointer. As in the class
 // library, a removed node is kept for the list's next insertion (the parser
 // remembers and forgets an object for every one it builds), and the nodes
-// are freed when the list is emptied or destroyed.
+// are freed when the list is emptied or destroyed. The first nodes live in
+// the list itself: most lists of a script (arguments, conditions, actions)
+// hold one or two elements, which then cost no allocation of their own. A
+// list never moves, so its nodes and positions stay where they are.
 template <class ELEMENT>
 class CPointerList
 {
+    static int const kInlineNodes = 2;
+
     struct CNode : __POSITION
     {
         CNode *pNext;
@@ -75,11 +82,13 @@ public:
         for (CNode *pChain : {m_pHead, m_pFree})
             for (CNode *pNode = pChain; pNode;) {
                 CNode *pNext = pNode->pNext;
-                delete pNode;
+                if (!IsInline(pNode))
+                    delete pNode;
                 pNode = pNext;
             }
         m_pHead = m_pTail = m_pFree = nullptr;
         m_nCount = 0;
+        m_nInlineUsed = 0;
     }
 
     // The first position holding the element, searching after startAfter
@@ -97,13 +106,23 @@ private:
     CNode *m_pHead = nullptr;
     CNode *m_pTail = nullptr;
     CNode *m_pFree = nullptr;  // removed nodes, for the next insertions
-    INT_PTR m_nCount = 0;
+    int m_nCount = 0;        // an int beside the next one keeps a list small
+    int m_nInlineUsed = 0;  // inline nodes handed out since the list was empty
+    CNode m_inlineNodes[kInlineNodes];
+
+    bool IsInline(CNode const *pNode) const
+    {
+        std::less<CNode const *> const before;
+        return !before(pNode, m_inlineNodes) && before(pNode, m_inlineNodes + kInlineNodes);
+    }
 
     CNode *NewNode()
     {
         CNode *pNode = m_pFree;
         if (pNode)
             m_pFree = pNode->pNext;
+        else if (m_nInlineUsed < kInlineNodes)
+            pNode = &m_inlineNodes[m_nInlineUsed++];
         else if (!(pNode = new (std::nothrow) CNode))
             AfxThrowMemoryException();
         return pNode;

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -16,9 +17,18 @@ typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> Function
 
 unsigned int const kDenseSids = 1u << 24;
 
+// A name's entry: the key of the entry views the spelling the entry owns
+// (in the same node, so a lookup reads one place), and looking up a word of
+// a script copies nothing.
+struct Symbol
+{
+    unsigned int nSID;
+    std::string spelling;
+};
+
 struct Registry
 {
-    std::unordered_map<std::string, unsigned int> symbols;  // name -> SID
+    std::unordered_map<std::string_view, Symbol> symbols;  // name -> SID
     std::unordered_map<unsigned int, std::string> names;    // SID -> name
     // Whether a SID below kDenseSids has a name: the kind tests ask for
     // every argument of a script, and a bit is found faster than a node.

@@ -21,7 +21,16 @@ void Intern(char const *pszName, unsigned int nSID)
         if (nSID < kDenseSids && nSID >= r.named.size())
             r.named.resize(std::max<std::size_t>(nSID + 1, 2 * r.named.size()));
         r.names[nSID] = pszText;
-        r.symbols[pszText] = nSID;
+        auto const it = r.symbols.find(pszText);
+        if (it != r.symbols.end()) {
+            it->second.nSID = nSID;
+        } else {
+            // Entered under the caller's text, then keyed by its own copy;
+            // the node stays where it is, so the view stays valid.
+            auto node = r.symbols.extract(r.symbols.emplace(pszText, Symbol{nSID, pszText}).first);
+            node.key() = node.mapped().spelling;
+            r.symbols.insert(std::move(node));
+        }
     });
     if (nSID < kDenseSids)
         r.named[nSID] = true;
@@ -42,13 +51,9 @@ bool Forget(unsigned int nSID)
 
 unsigned int Find(char const *pszName)
 {
-    // The parser asks for every word of a script: the key is built in one
-    // buffer kept for the purpose, so that a lookup does not allocate.
-    static std::string key;
-    platform::Allocating([&] { key.assign(pszName); });
-    std::unordered_map<std::string, unsigned int> const &symbols = TheRegistry().symbols;
-    auto const it = symbols.find(key);
-    return it != symbols.end() ? it->second : 0;
+    auto const &symbols = TheRegistry().symbols;
+    auto const it = symbols.find(pszName);
+    return it != symbols.end() ? it->second.nSID : 0;
 }
 
 int IsRegistered(unsigned int nSID)

@@ -26,4 +26,18 @@ TEST(CString, ValueSemanticsRepetitionAndFormat)
     EXPECT_TRUE(a.IsEmpty());
 }
 
+// Lengths around the size up to which a text is formatted in one pass, and
+// a string formatted from its own text.
+TEST(CString, FormatKeepsEveryLengthAndItsOwnText)
+{
+    for (std::size_t nLength : {254u, 255u, 256u, 257u, 511u}) {
+        std::string const text(nLength, 'x');
+        CString formatted;
+        formatted.Format("%s", text.c_str());
+        EXPECT_EQ(text, formatted.str()) << nLength;
+        formatted.Format("<%s>", formatted.GetString());
+        EXPECT_EQ("<" + text + ">", formatted.str()) << nLength;
+    }
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 // to would crash here.
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <vector>
 
 #include "platform/afx.h"
@@ -60,5 +61,32 @@ TEST(TypedPtrList, KeepsOrderThroughFindRemovalAndAppending)
     list.AddTail(&b);
     EXPECT_EQ((std::vector<int>{2}), Ids(list));
 }  // both lists go while still holding pointers to the stack
+
+// Positions stay valid while a list grows, shrinks from the middle and grows
+// again, whichever node a position names; walking back sees the same order.
+TEST(TypedPtrList, PositionsSurviveGrowthAndReuse)
+{
+    std::deque<Item> items;  // an object never moves
+    for (int n = 0; n < 8; ++n)
+        items.emplace_back(n);
+    ItemList list;
+    std::vector<POSITION> positions;
+    for (Item &item : items)
+        positions.push_back(list.AddTail(&item));
+    list.RemoveAt(positions[0]);
+    list.RemoveAt(positions[1]);
+    list.RemoveAt(positions[5]);
+    for (int n : {1, 5, 0})
+        positions[n] = list.AddTail(&items[n]);
+    EXPECT_EQ((std::vector<int>{2, 3, 4, 6, 7, 1, 5, 0}), Ids(list));
+    for (int n = 0; n < 8; ++n)
+        EXPECT_EQ(&items[n], list.GetNext(positions[n] = list.Find(&items[n]))) << n;
+
+    std::vector<int> backwards;
+    for (POSITION pos = list.GetTailPosition(); pos;)
+        backwards.push_back(list.GetPrev(pos)->m_nId);
+    EXPECT_EQ((std::vector<int>{0, 5, 1, 7, 6, 4, 3, 2}), backwards);
+    EXPECT_EQ(8, list.GetCount());
+}
 
 }  // namespace
