@@ -193,7 +193,8 @@ void BM_EditToDiagnostics(benchmark::State &state)
         editor.Edit();
 }
 
-void BM_CompletionAfterEdit(benchmark::State &state)
+// One request right after an edit; only the request is timed.
+void RequestAfterEdit(benchmark::State &state, char const *method)
 {
     Editor editor;
     int const character = Fixture::Get().hoverCharacter;
@@ -201,21 +202,13 @@ void BM_CompletionAfterEdit(benchmark::State &state)
         state.PauseTiming();
         editor.Edit();
         state.ResumeTiming();
-        editor.Request("textDocument/completion", character);
+        editor.Request(method, character);
     }
 }
 
-void BM_HoverAfterEdit(benchmark::State &state)
-{
-    Editor editor;
-    int const character = Fixture::Get().hoverCharacter;
-    for (auto _ : state) {
-        state.PauseTiming();
-        editor.Edit();
-        state.ResumeTiming();
-        editor.Request("textDocument/hover", character);
-    }
-}
+void BM_CompletionAfterEdit(benchmark::State &state) { RequestAfterEdit(state, "textDocument/completion"); }
+
+void BM_HoverAfterEdit(benchmark::State &state) { RequestAfterEdit(state, "textDocument/hover"); }
 
 // Resident memory after the first edit and after 1,000 more.
 void BM_MemoryOverEdits(benchmark::State &state)
