@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "../objects/TestSupport.h"
 #include "server/Server.h"
 #include "server/Uri.h"
 #include "stratagem.h"
@@ -47,18 +48,8 @@ inline std::vector<Json> ParseOutput(std::string const &output)
     return messages;
 }
 
-class Vocabulary : public ::testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        AI_AddFacts();
-        AI_AddActions();
-        AI_AddDefines();
-        AI_AddParams();
-    }
-    void TearDown() override { AI_DeleteAll(); }
-};
+// The built-in vocabulary registered around each test.
+using Vocabulary = ObjectsTest;
 
 // A conversation: messages are queued, then the server runs over all of
 // them at once, as over a pipe the client has closed.
