@@ -9,7 +9,6 @@
 #include <stdexcept>
 #include <vector>
 
-
 // Every allocation of the program goes through these, so that an analysis
 // can be charged with the number of objects it allocates.
 namespace {
@@ -43,10 +42,7 @@ void operator delete[](void *p, std::size_t) noexcept { free(p); }
 
 namespace bench {
 
-long long AllocationCount()
-{
-    return g_nAllocations;
-}
+long long AllocationCount() { return g_nAllocations; }
 
 TempDirectory::TempDirectory(char const *pszPrefix)
 {
@@ -73,7 +69,8 @@ void KeepFreedMemory()
 
 double PeakRssMiB()
 {
-    struct rusage usage{};
+    struct rusage usage
+    {};
     getrusage(RUSAGE_SELF, &usage);
     return static_cast<double>(usage.ru_maxrss) / 1024.0;  // reported in KiB
 }

@@ -18,8 +18,7 @@ ArgumentChoice ChoiceOf(int nType)
     for (unsigned int nSID = 1100; nSID <= 3499; ++nSID)
         if (AI_IsParam(nSID) && AI_IsOfType(nType, nSID))
             choice.words.push_back(AI_String(nSID).GetString());
-    for (int nValue = -32769; nValue <= 32768; ++nValue)
-    {
+    for (int nValue = -32769; nValue <= 32768; ++nValue) {
         if (!AI_IsOfType(nType, nValue))
             continue;
         if (!choice.bIntegers)
@@ -31,15 +30,15 @@ ArgumentChoice ChoiceOf(int nType)
     return choice;
 }
 
-std::vector<Function> ReadFunctions(unsigned int nFirst, unsigned int nLast, AI_CFunction const *(*lookup)(unsigned int))
+std::vector<Function> ReadFunctions(unsigned int nFirst, unsigned int nLast,
+                                    AI_CFunction const *(*lookup)(unsigned int))
 {
     std::vector<Function> functions;
-    for (unsigned int nSID = nFirst; nSID <= nLast; ++nSID)
-    {
+    for (unsigned int nSID = nFirst; nSID <= nLast; ++nSID) {
         AI_CFunction const *pFunction = lookup(nSID);
         if (!pFunction)
             continue;
-        Function function{pFunction->GetName(), {}};
+        Function function {pFunction->GetName(), {}};
         for (INT_PTR i = 0; i < pFunction->GetParams().GetSize(); ++i)
             function.params.push_back(pFunction->GetParams()[i]);
         functions.push_back(function);
@@ -53,12 +52,11 @@ ScriptVocabulary::ScriptVocabulary()
     : m_facts(ReadFunctions(300, 499, AI_Fact)), m_actions(ReadFunctions(500, 699, AI_Action)),
       m_choices(kTypeCount + 1)
 {
-    for (int nType = 1; nType <= kTypeCount; ++nType)
-    {
+    for (int nType = 1; nType <= kTypeCount; ++nType) {
         ArgumentChoice &choice = m_choices[nType] = ChoiceOf(nType);
         if (choice.words.empty() && !choice.bIntegers && !choice.bString)
-            throw std::runtime_error("no argument fits parameter type " + std::to_string(nType) +
-                                     ": is the built-in vocabulary registered?");
+            throw std::runtime_error("no argument fits parameter type " + std::to_string(nType)
+                                     + ": is the built-in vocabulary registered?");
     }
     m_relational = m_choices[AI_PT_REL_OP].words;
     if (m_facts.empty() || m_actions.empty())

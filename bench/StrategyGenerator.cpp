@@ -12,13 +12,12 @@ namespace {
 // The settings the blocks are written for, and define words that hold or do
 // not hold under them (the loads of part files sit in the branch selected).
 AI_GameSettings const kSettings = {0, 0, 0, 1, 1, 4, 0, 2, 2, 1, 0, 2};
-char const *const kHolding[] = {"DARK-AGE-START",    "MEDIUM-RESOURCES-START", "SMALL-MAP",
-                                "COASTAL-MAP",       "VICTORY-STANDARD",       "DIFFICULTY-MODERATE",
-                                "POPULATION-CAP-75", "GAME-SPEED-LOCKED",      "BYZANTINE-CIV"};
-char const *const kNotHolding[] = {"DEATH-MATCH",      "REGICIDE",          "FEUDAL-AGE-START",
-                                   "HIGH-RESOURCES-START", "GIANT-MAP",     "ARABIA-MAP",
-                                   "VICTORY-CONQUEST", "DIFFICULTY-HARDEST", "POPULATION-CAP-200",
-                                   "TEAMS-LOCKED",     "CHINESE-CIV"};
+char const *const kHolding[]
+    = {"DARK-AGE-START",      "MEDIUM-RESOURCES-START", "SMALL-MAP",         "COASTAL-MAP",  "VICTORY-STANDARD",
+       "DIFFICULTY-MODERATE", "POPULATION-CAP-75",      "GAME-SPEED-LOCKED", "BYZANTINE-CIV"};
+char const *const kNotHolding[] = {"DEATH-MATCH",        "REGICIDE",     "FEUDAL-AGE-START", "HIGH-RESOURCES-START",
+                                   "GIANT-MAP",          "ARABIA-MAP",   "VICTORY-CONQUEST", "DIFFICULTY-HARDEST",
+                                   "POPULATION-CAP-200", "TEAMS-LOCKED", "CHINESE-CIV"};
 
 char const *const kRelationalSigns[] = {"<", "<=", ">", ">=", "==", "!="};
 char const *const kOperators[] = {"not", "and", "or", "xor", "nor", "xnor", "nand"};
@@ -37,15 +36,21 @@ struct Constant
 };
 
 // Whatever a file holds besides single rules, in the order written.
-enum class Item { Rule, Constant, Load, LoadRandom, Block };
+enum class Item
+{
+    Rule,
+    Constant,
+    Load,
+    LoadRandom,
+    Block
+};
 
 class Writer
 {
 public:
     Writer(ScriptVocabulary const &vocabulary, GeneratorOptions const &options)
         : m_vocabulary(vocabulary), m_options(options), m_random(options.nSeed)
-    {
-    }
+    {}
 
     GeneratedStrategy Write(std::string const &directory);
 
@@ -53,17 +58,23 @@ private:
     ScriptVocabulary const &m_vocabulary;
     GeneratorOptions const &m_options;
     std::mt19937 m_random;
-    std::string m_text;                   // the file being written
-    std::vector<Constant> m_visible;      // constants usable in that file so far
+    std::string m_text;                            // the file being written
+    std::vector<Constant> m_visible;               // constants usable in that file so far
     std::vector<std::vector<Constant>> m_defined;  // per file, all its constants
     GeneratedStrategy m_result;
 
     int Uniform(int nLow, int nHigh) { return std::uniform_int_distribution<int>(nLow, nHigh)(m_random); }
     bool Chance(int nPercent) { return Uniform(0, 99) < nPercent; }
     template <class T, size_t N>
-    T const &Pick(T const (&items)[N]) { return items[Uniform(0, N - 1)]; }
+    T const &Pick(T const (&items)[N])
+    {
+        return items[Uniform(0, N - 1)];
+    }
     template <class T>
-    T const &Pick(std::vector<T> const &items) { return items[Uniform(0, static_cast<int>(items.size()) - 1)]; }
+    T const &Pick(std::vector<T> const &items)
+    {
+        return items[Uniform(0, static_cast<int>(items.size()) - 1)];
+    }
 
     static std::string PartName(int nFile) { return nFile == 0 ? "main" : "part-" + std::to_string(nFile); }
     static int Share(int nTotal, int nFiles, int nFile) { return nTotal / nFiles + (nFile < nTotal % nFiles); }
@@ -94,19 +105,16 @@ GeneratedStrategy Writer::Write(std::string const &directory)
     m_result.settings = kSettings;
     // Parents come before their children, so a part file may use every
     // constant of the files above it: those are parsed before it.
-    for (int nFile = 0; nFile < nFiles; ++nFile)
-    {
+    for (int nFile = 0; nFile < nFiles; ++nFile) {
         m_visible.clear();
-        for (int nAncestor = nFile; nAncestor != 0;)
-        {
+        for (int nAncestor = nFile; nAncestor != 0;) {
             nAncestor = (nAncestor - 1) / kFanOut;
             m_visible.insert(m_visible.end(), m_defined[nAncestor].begin(), m_defined[nAncestor].end());
         }
         WritePart(nFile, nFiles, nParts);
         WriteFile(directory, PartName(nFile));
     }
-    for (int nTarget = 1; nTarget <= 3; ++nTarget)
-    {
+    for (int nTarget = 1; nTarget <= 3; ++nTarget) {
         m_visible = m_defined[0];
         WriteRandomTarget(nTarget);
         WriteFile(directory, "random-" + std::to_string(nTarget));
@@ -130,8 +138,8 @@ void Writer::WriteFile(std::string const &directory, std::string const &name)
 std::vector<Item> Writer::Plan(int nFile, int nFiles, int nParts)
 {
     int const nRules = Share(m_options.nRules, nFiles, nFile);
-    int const nConstants = m_options.nConstants < 0 ? std::max(2, nRules / 20)
-                                                    : Share(m_options.nConstants, nFiles, nFile);
+    int const nConstants
+        = m_options.nConstants < 0 ? std::max(2, nRules / 20) : Share(m_options.nConstants, nFiles, nFile);
     int const nBlocks = nRules / kRulesPerBlock;
     std::vector<Item> items;
     items.insert(items.end(), nRules - 4 * nBlocks, Item::Rule);  // a block holds four rules
@@ -150,15 +158,23 @@ void Writer::WritePart(int nFile, int nFiles, int nParts)
     m_text += "; " + PartName(nFile) + ": generated strategy part\n\n";
     size_t const nInherited = m_visible.size();
     int nChild = nFile * kFanOut + 1;
-    for (Item item : Plan(nFile, nFiles, nParts))
-    {
-        switch (item)
-        {
-        case Item::Rule: Rule(0); break;
-        case Item::Constant: DefineConstant(); break;
-        case Item::Load: Load(nChild++); break;
-        case Item::LoadRandom: LoadRandom(); break;
-        case Item::Block: Block(); break;
+    for (Item item : Plan(nFile, nFiles, nParts)) {
+        switch (item) {
+        case Item::Rule:
+            Rule(0);
+            break;
+        case Item::Constant:
+            DefineConstant();
+            break;
+        case Item::Load:
+            Load(nChild++);
+            break;
+        case Item::LoadRandom:
+            LoadRandom();
+            break;
+        case Item::Block:
+            Block();
+            break;
         }
     }
     m_defined[nFile].assign(m_visible.begin() + nInherited, m_visible.end());
@@ -176,8 +192,7 @@ void Writer::Rule(int nIndent)
     Indent(nIndent);
     m_text += "(defrule\n";
     int const nConditions = Chance(40) ? 1 : Chance(65) ? 2 : 3;
-    for (int i = 0; i < nConditions; ++i)
-    {
+    for (int i = 0; i < nConditions; ++i) {
         Indent(nIndent + 1);
         Condition(0);
         m_text += '\n';
@@ -185,8 +200,7 @@ void Writer::Rule(int nIndent)
     Indent(nIndent);
     m_text += "=>\n";
     int const nActions = Chance(50) ? 1 : Chance(70) ? 2 : 3;
-    for (int i = 0; i < nActions; ++i)
-    {
+    for (int i = 0; i < nActions; ++i) {
         Indent(nIndent + 1);
         Call(Pick(m_vocabulary.Actions()));
         if (Chance(10))
@@ -200,14 +214,12 @@ void Writer::Rule(int nIndent)
 
 void Writer::Condition(int nDepth)
 {
-    if (nDepth < 3 && Chance(30))
-    {
+    if (nDepth < 3 && Chance(30)) {
         char const *pszOperator = Chance(30) ? "not" : Pick(kOperators);
         m_text += "(";
         m_text += pszOperator;
         int const nOperands = std::string(pszOperator) == "not" ? 1 : 2;
-        for (int i = 0; i < nOperands; ++i)
-        {
+        for (int i = 0; i < nOperands; ++i) {
             m_text += ' ';
             Condition(nDepth + 1);
         }
@@ -227,8 +239,7 @@ void Writer::Call(Function const &function)
 {
     m_text += '(';
     m_text += function.name;
-    for (int nType : function.params)
-    {
+    for (int nType : function.params) {
         m_text += ' ';
         Argument(nType);
     }
@@ -251,13 +262,10 @@ void Writer::Argument(int nType)
 void Writer::Integer(ArgumentChoice const &choice)
 {
     // A constant of a fitting value where one is at hand, else a literal.
-    if (!m_visible.empty() && Chance(30))
-    {
-        for (int nTry = 0; nTry < 4; ++nTry)
-        {
+    if (!m_visible.empty() && Chance(30)) {
+        for (int nTry = 0; nTry < 4; ++nTry) {
             Constant const &constant = Pick(m_visible);
-            if (choice.Accepts(constant.nValue))
-            {
+            if (choice.Accepts(constant.nValue)) {
                 m_text += constant.name;
                 return;
             }
@@ -270,16 +278,13 @@ void Writer::Integer(ArgumentChoice const &choice)
 
 void Writer::DefineConstant()
 {
-    Constant constant{m_options.tag + "-c" + std::to_string(m_result.nConstants), 0};
+    Constant constant {m_options.tag + "-c" + std::to_string(m_result.nConstants), 0};
     m_text += "(defconst " + constant.name + ' ';
-    if (!m_visible.empty() && Chance(10))
-    {
+    if (!m_visible.empty() && Chance(10)) {
         Constant const &from = Pick(m_visible);
         constant.nValue = from.nValue;
         m_text += from.name;
-    }
-    else
-    {
+    } else {
         constant.nValue = Pick(kConstantValues);
         m_text += std::to_string(constant.nValue);
     }
@@ -291,8 +296,7 @@ void Writer::DefineConstant()
 void Writer::Load(int nChild)
 {
     std::string const load = "(load \"" + PartName(nChild) + "\")\n";
-    switch (Uniform(0, 3))
-    {
+    switch (Uniform(0, 3)) {
     case 0:
         m_text += "#load-if-defined " + std::string(Pick(kHolding)) + "\n\t" + load + "#else\n";
         Rule(1);
@@ -306,21 +310,20 @@ void Writer::Load(int nChild)
         Rule(1);
         m_text += "# else\n\t" + load + "# end-if\n";
         break;
-    default: m_text += load; break;
+    default:
+        m_text += load;
+        break;
     }
 }
 
-void Writer::LoadRandom()
-{
-    m_text += "(load-random 30 \"random-1\" 40 \"random-2\" \"random-3\")\n";
-}
+void Writer::LoadRandom() { m_text += "(load-random 30 \"random-1\" 40 \"random-2\" \"random-3\")\n"; }
 
 void Writer::Block()
 {
     // Two branches of rules with a block nested in the first; whichever
     // branch the settings select, all four rules are parsed.
-    m_text += "#" + std::string(Chance(50) ? "load-if-defined " : "load-if-not-defined ") +
-              (Chance(50) ? Pick(kHolding) : Pick(kNotHolding)) + "\n";
+    m_text += "#" + std::string(Chance(50) ? "load-if-defined " : "load-if-not-defined ")
+        + (Chance(50) ? Pick(kHolding) : Pick(kNotHolding)) + "\n";
     Rule(1);
     m_text += "\t#load-if-defined " + std::string(Pick(kNotHolding)) + "\n";
     Rule(2);

@@ -17,10 +17,10 @@ namespace bench {
 
 struct GeneratorOptions
 {
-    int nRules = 1000;     // defrule commands, over all files
-    int nConstants = -1;   // defconst commands; -1 for one per 20 rules
+    int nRules = 1000;    // defrule commands, over all files
+    int nConstants = -1;  // defconst commands; -1 for one per 20 rules
     unsigned int nSeed = 1;
-    std::string tag = "g"; // prefix of the constant names, unique per strategy
+    std::string tag = "g";  // prefix of the constant names, unique per strategy
 };
 
 struct GeneratedStrategy
@@ -30,7 +30,7 @@ struct GeneratedStrategy
     long long nBytes = 0;            // size of all files
     int nRules = 0;                  // defrule commands written
     int nConstants = 0;              // defconst commands written
-    AI_GameSettings settings{};      // the settings the blocks were written for
+    AI_GameSettings settings {};     // the settings the blocks were written for
 };
 
 GeneratedStrategy GenerateStrategy(ScriptVocabulary const &vocabulary, std::string const &directory,

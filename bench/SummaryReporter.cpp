@@ -23,22 +23,18 @@ std::string Cell(double dValue, char const *pszFormat)
 
 }  // namespace
 
-SummaryReporter::SummaryReporter()
-    : ConsoleReporter(isatty(fileno(stdout)) ? OO_ColorTabular : OO_Tabular)
-{
-}
+SummaryReporter::SummaryReporter() : ConsoleReporter(isatty(fileno(stdout)) ? OO_ColorTabular : OO_Tabular) {}
 
 void SummaryReporter::ReportRuns(std::vector<Run> const &runs)
 {
-    for (Run const &run : runs)
-    {
+    for (Run const &run : runs) {
         // One iteration run, or the median of repeated runs.
         bool bMedian = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
         if (run.error_occurred || !(run.run_type == Run::RT_Iteration || bMedian))
             continue;
         Result &result = m_results[run.run_name.function_name];
-        result.dMilliseconds = run.GetAdjustedCPUTime() * benchmark::GetTimeUnitMultiplier(run.time_unit) /
-                               benchmark::GetTimeUnitMultiplier(benchmark::kMillisecond);
+        result.dMilliseconds = run.GetAdjustedCPUTime() * benchmark::GetTimeUnitMultiplier(run.time_unit)
+            / benchmark::GetTimeUnitMultiplier(benchmark::kMillisecond);
         for (auto const &counter : run.counters)
             result.counters[counter.first] = counter.second.value;
     }
@@ -57,37 +53,32 @@ bool SummaryReporter::PrintSummary(std::vector<CaseInfo> const &cases, std::ostr
     out << "\n| strategy | rules | constants | bytes | analysis ms | analysis+listing ms | scanner ms "
            "| analysis/scanner | MB/s | peak RSS MiB | heap MiB |\n"
            "|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|\n";
-    for (CaseInfo const &info : cases)
-    {
+    for (CaseInfo const &info : cases) {
         Result const *pAnalysis = Find("analysis", info.label);
         Result const *pListing = Find("analysis+listing", info.label);
         Result const *pScanner = Find("scanner", info.label);
         auto ms = [](Result const *p) { return p ? Cell(p->dMilliseconds, "%.1f") : std::string("-"); };
         std::string ratio = "-", speed = "-", rss = "-", heap = "-";
-        if (pAnalysis && pScanner)
-        {
+        if (pAnalysis && pScanner) {
             double dRatio = pAnalysis->dMilliseconds / pScanner->dMilliseconds;
             ratio = Cell(dRatio, "%.2f");
-            if (dRatio > kMaxScannerFactor)
-            {
+            if (dRatio > kMaxScannerFactor) {
                 ratio += " (over " + Cell(kMaxScannerFactor, "%.0f") + ")";
                 bHolds = false;
             }
         }
-        if (pAnalysis)
-        {
+        if (pAnalysis) {
             speed = Cell(info.nBytes / 1e3 / pAnalysis->dMilliseconds, "%.1f");
             heap = Cell(pAnalysis->counters.count("heap_MiB") ? pAnalysis->counters.at("heap_MiB") : 0, "%.1f");
         }
         if (Result const *pLast = pListing ? pListing : pAnalysis)
             rss = Cell(pLast->counters.count("peak_rss_MiB") ? pLast->counters.at("peak_rss_MiB") : 0, "%.1f");
-        out << "| " << info.label << " | " << info.nRules << " | " << info.nConstants << " | " << info.nBytes
-            << " | " << ms(pAnalysis) << " | " << ms(pListing) << " | " << ms(pScanner) << " | " << ratio
-            << " | " << speed << " | " << rss << " | " << heap << " |\n";
+        out << "| " << info.label << " | " << info.nRules << " | " << info.nConstants << " | " << info.nBytes << " | "
+            << ms(pAnalysis) << " | " << ms(pListing) << " | " << ms(pScanner) << " | " << ratio << " | " << speed
+            << " | " << rss << " | " << heap << " |\n";
     }
     if (Result const *pCheck = Find("check", kCheckBarCase))
-        if (Result const *pAnalysis = Find("analysis", kCheckBarCase))
-        {
+        if (Result const *pAnalysis = Find("analysis", kCheckBarCase)) {
             double dRatio = pCheck->dMilliseconds / pAnalysis->dMilliseconds;
             bool bCheckHolds = dRatio <= kMaxCheckFactor;
             out << "\ncheck/" << kCheckBarCase << ": " << Cell(pCheck->dMilliseconds, "%.1f") << " ms, "
@@ -97,8 +88,7 @@ bool SummaryReporter::PrintSummary(std::vector<CaseInfo> const &cases, std::ostr
         }
     out << "\nCPU time per analysis (median of the repetitions, which run interleaved); MB/s is the\n"
            "analysis alone; peak RSS is the process's so far; heap is what one analysed strategy holds.\n\n";
-    for (char const *pszKind : {"analysis", "analysis+listing"})
-    {
+    for (char const *pszKind : {"analysis", "analysis+listing"}) {
         bHolds &= JudgeGrowth(pszKind, "rules:1000", "rules:100000", true, out);
         // Shown for comparison; the growth bar is set for rules.
         JudgeGrowth(pszKind, "rules:10000", "rules:100000", false, out);
@@ -117,8 +107,7 @@ bool SummaryReporter::JudgeGrowth(std::string const &kind, std::string const &sm
         return true;
     double dGrowth = pLarge->dMilliseconds / pSmall->dMilliseconds;
     out << kind << ": " << large << " takes " << Cell(dGrowth, "%.1f") << "x the time of " << small;
-    if (!bBar)
-    {
+    if (!bBar) {
         out << " (for comparison)\n";
         return true;
     }

@@ -82,8 +82,8 @@ bool Prepare(Case &c, benchmark::State &state)
     AI_CStrategy strategy("bench", generated.mainFile.c_str(), generated.settings);
     strategy.Analyze();
     state.counters["heap_MiB"] = static_cast<double>(bench::HeapInUse() - nHeapBefore) / (1 << 20);
-    state.counters["allocs_per_rule"] =
-        static_cast<double>(bench::AllocationCount() - nAllocationsBefore) / generated.nRules;
+    state.counters["allocs_per_rule"]
+        = static_cast<double>(bench::AllocationCount() - nAllocationsBefore) / generated.nRules;
     return true;
 }
 
@@ -99,17 +99,12 @@ void SetRates(benchmark::State &state, Case const &c)
 template <class Body>
 bool Guarded(benchmark::State &state, Body body)
 {
-    try
-    {
+    try {
         body();
         return !state.error_occurred();
-    }
-    catch (CException *pException)
-    {
+    } catch (CException *pException) {
         state.SkipWithError(Describe(pException).c_str());
-    }
-    catch (std::exception const &error)
-    {
+    } catch (std::exception const &error) {
         state.SkipWithError(error.what());
     }
     return false;
@@ -137,8 +132,7 @@ void RunCheck(benchmark::State &state, Case *pCase)
     bool bDone = Guarded(state, [&] {
         if (!Prepare(*pCase, state))
             return;
-        for (auto _ : state)
-        {
+        for (auto _ : state) {
             GeneratedStrategy const &generated = pCase->Next();
             stratagem::CheckOptions options;
             options.settings = generated.settings;
@@ -159,8 +153,7 @@ void RunScanner(benchmark::State &state, Case *pCase)
         GeneratedStrategy const &first = pCase->Strategies().front();
         AI_CStrategy strategy("scan", first.mainFile.c_str(), first.settings);
         AI_CParser parser(&strategy);
-        for (auto _ : state)
-        {
+        for (auto _ : state) {
             nTokens = 0;
             for (std::string const &file : pCase->Next().files)
                 nTokens += AI_CountTokens(&parser, file.c_str());

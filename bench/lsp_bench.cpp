@@ -72,7 +72,7 @@ struct Fixture
     bench::GeneratedStrategy strategy;
     std::string editedFile;  // the largest part file: the one edited
     std::string editedText;
-    int editLine = 0;        // a line holding a fact call, edited in place
+    int editLine = 0;  // a line holding a fact call, edited in place
     int hoverCharacter = 0;
 
     static Fixture &Get()
@@ -103,9 +103,9 @@ private:
         std::istringstream lines(editedText);
         std::string line, previous;
         for (int n = 0; std::getline(lines, line); ++n, previous = line) {
-            if (previous.find("(defrule") != std::string::npos && line.find('(') != std::string::npos &&
-                line.find("(not") == std::string::npos && line.find("(and") == std::string::npos &&
-                line.find("(or") == std::string::npos) {
+            if (previous.find("(defrule") != std::string::npos && line.find('(') != std::string::npos
+                && line.find("(not") == std::string::npos && line.find("(and") == std::string::npos
+                && line.find("(or") == std::string::npos) {
                 editLine = n;
                 hoverCharacter = static_cast<int>(line.find('(')) + 2;
                 break;
@@ -147,11 +147,12 @@ public:
         Fixture &fixture = Fixture::Get();
         Json const at = {{"line", fixture.editLine}, {"character", 0}};
         Json const after = {{"line", fixture.editLine}, {"character", 1}};
-        Json const change = m_typed ? Json{{"range", {{"start", at}, {"end", after}}}, {"text", ""}}
-                                    : Json{{"range", {{"start", at}, {"end", at}}}, {"text", " "}};
+        Json const change = m_typed ? Json {{"range", {{"start", at}, {"end", after}}}, {"text", ""}}
+                                    : Json {{"range", {{"start", at}, {"end", at}}}, {"text", " "}};
         m_typed = !m_typed;
-        Send({{"method", "textDocument/didChange"},
-              {"params", {{"textDocument", {{"uri", m_uri}, {"version", ++m_version}}}, {"contentChanges", {change}}}}});
+        Send(
+            {{"method", "textDocument/didChange"},
+             {"params", {{"textDocument", {{"uri", m_uri}, {"version", ++m_version}}}, {"contentChanges", {change}}}}});
     }
 
     void Request(std::string const &method, int character)
@@ -248,8 +249,16 @@ public:
 }  // namespace
 
 BENCHMARK(BM_CheckAlone)->Unit(benchmark::kMillisecond)->Iterations(20)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_EditToDiagnostics)->Unit(benchmark::kMillisecond)->Iterations(20)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_CompletionAfterEdit)->Unit(benchmark::kMillisecond)->Iterations(20)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_EditToDiagnostics)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_CompletionAfterEdit)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
 BENCHMARK(BM_HoverAfterEdit)->Unit(benchmark::kMillisecond)->Iterations(20)->Repetitions(5)->ReportAggregatesOnly(true);
 BENCHMARK(BM_MemoryOverEdits)->Unit(benchmark::kMillisecond)->Iterations(1);
 

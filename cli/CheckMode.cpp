@@ -25,8 +25,7 @@ bool UseColor(ColorMode mode)
 // Standard input is read once, whatever number of times '-' is named.
 bool AddStandardInput(CliOptions const &options, CliSources &sources)
 {
-    for (std::string const &file : options.files)
-    {
+    for (std::string const &file : options.files) {
         if (file != "-")
             continue;
         std::string bytes;
@@ -57,8 +56,7 @@ std::vector<Diagnostic> CheckAll(CliOptions const &options, CliSources const &so
 
     std::vector<Diagnostic> all;
     std::set<DiagnosticKey> seen;
-    for (std::string const &file : options.files)
-    {
+    for (std::string const &file : options.files) {
         stratagem::CheckReport report = stratagem::Check(file == "-" ? kStdinName : file, checkOptions);
         for (Diagnostic &d : report.diagnostics)
             if (seen.insert(KeyOf(d)).second)
@@ -67,13 +65,12 @@ std::vector<Diagnostic> CheckAll(CliOptions const &options, CliSources const &so
     return all;
 }
 
-} // namespace
+}  // namespace
 
 int RunCheck(CliOptions const &options)
 {
     CliSources sources;
-    if (!AddStandardInput(options, sources))
-    {
+    if (!AddStandardInput(options, sources)) {
         std::cerr << "stratagem: cannot read standard input" << std::endl;
         return 1;
     }
@@ -81,8 +78,7 @@ int RunCheck(CliOptions const &options)
 
     WriteDiagnostics(std::cout, options.format, diagnostics, {sources, UseColor(options.color)});
     std::cout.flush();
-    if (!std::cout)
-    {
+    if (!std::cout) {
         std::cerr << "stratagem: cannot write the output" << std::endl;
         return 1;
     }

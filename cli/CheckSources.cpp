@@ -13,8 +13,7 @@ std::vector<std::string> SplitLines(std::string const &bytes)
     static std::string const kByteOrderMark = "\xEF\xBB\xBF";
     std::size_t const start = bytes.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0 ? kByteOrderMark.size() : 0;
     std::vector<std::string> lines(1);
-    for (char const ch : bytes.substr(start))
-    {
+    for (char const ch : bytes.substr(start)) {
         if (ch == '\x1a')
             break;
         if (ch == '\n')
@@ -28,7 +27,7 @@ std::vector<std::string> SplitLines(std::string const &bytes)
     return lines;
 }
 
-} // namespace
+}  // namespace
 
 void CliSources::Add(std::string const &name, std::string bytes)
 {
@@ -48,8 +47,7 @@ bool CliSources::Read(std::string const &name, std::string &bytes, int &error) c
 bool CliSources::Line(std::string const &name, int line, std::string &text) const
 {
     auto cached = m_lines.find(name);
-    if (cached == m_lines.end())
-    {
+    if (cached == m_lines.end()) {
         std::string bytes;
         int error = 0;
         if (!Read(name, bytes, error))

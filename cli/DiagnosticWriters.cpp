@@ -14,10 +14,7 @@ namespace {
 
 // ---- shared pieces ----------------------------------------------------------------
 
-char const *SeverityWord(Severity severity)
-{
-    return severity == Severity::Error ? "error" : "warning";
-}
+char const *SeverityWord(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
 
 // Messages and hints are single lines; a stray line break would split a
 // gcc-format record in two.
@@ -133,13 +130,12 @@ void WriteText(std::ostream &out, std::vector<Diagnostic> const &diagnostics, Wr
     Palette const &p = context.bColor ? s_colors : s_plain;
     int errors = 0;
     int warnings = 0;
-    for (Diagnostic const &d : diagnostics)
-    {
+    for (Diagnostic const &d : diagnostics) {
         bool const bError = d.severity == Severity::Error;
         (bError ? errors : warnings) += 1;
-        out << p.szLocation << Place(d) << ":" << p.szReset << " "
-            << (bError ? p.szError : p.szWarning) << SeverityWord(d.severity) << ":" << p.szReset << " "
-            << p.szMessage << OneLine(d.message) << " [" << d.code << "]" << p.szReset << '\n';
+        out << p.szLocation << Place(d) << ":" << p.szReset << " " << (bError ? p.szError : p.szWarning)
+            << SeverityWord(d.severity) << ":" << p.szReset << " " << p.szMessage << OneLine(d.message) << " ["
+            << d.code << "]" << p.szReset << '\n';
         std::string source;
         if (context.sources.Line(d.file, d.range.line, source))
             out << source << '\n' << p.szCaret << CaretLine(source, d.range) << p.szReset << '\n';
@@ -162,8 +158,7 @@ void WriteText(std::ostream &out, std::vector<Diagnostic> const &diagnostics, Wr
 void WriteGcc(std::ostream &out, std::vector<Diagnostic> const &diagnostics, WriteContext const &)
 {
     for (Diagnostic const &d : diagnostics)
-        out << Place(d) << ": " << SeverityWord(d.severity) << ": "
-            << OneLine(d.message) << " [" << d.code << "]\n";
+        out << Place(d) << ": " << SeverityWord(d.severity) << ": " << OneLine(d.message) << " [" << d.code << "]\n";
 }
 
 // ---- json -------------------------------------------------------------------------
@@ -176,8 +171,7 @@ Json JsonRange(stratagem::Range const &range)
 void WriteJson(std::ostream &out, std::vector<Diagnostic> const &diagnostics, WriteContext const &)
 {
     Json all = Json::array();
-    for (Diagnostic const &d : diagnostics)
-    {
+    for (Diagnostic const &d : diagnostics) {
         Json item = {{"file", d.file}};
         item.update(JsonRange(d.range));
         item["severity"] = SeverityWord(d.severity);
@@ -188,8 +182,7 @@ void WriteJson(std::ostream &out, std::vector<Diagnostic> const &diagnostics, Wr
         for (stratagem::LoadStep const &step : d.loadedFrom)
             item["loadedFrom"].push_back({{"file", step.file}, {"line", step.line}, {"column", step.column}});
         item["fixes"] = Json::array();
-        for (stratagem::Replacement const &fix : d.fixes)
-        {
+        for (stratagem::Replacement const &fix : d.fixes) {
             Json replacement = JsonRange(fix.range);
             replacement["text"] = fix.text;
             item["fixes"].push_back(replacement);
@@ -207,10 +200,9 @@ std::string FileUri(std::string const &file)
 {
     static char const kHex[] = "0123456789ABCDEF";
     std::string uri;
-    for (unsigned char const ch : file)
-    {
-        bool const bPlain = (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9') ||
-                            std::string("-._~/").find(static_cast<char>(ch)) != std::string::npos;
+    for (unsigned char const ch : file) {
+        bool const bPlain = (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9')
+            || std::string("-._~/").find(static_cast<char>(ch)) != std::string::npos;
         if (bPlain)
             uri += static_cast<char>(ch);
         else
@@ -245,8 +237,7 @@ Json SarifResult(Diagnostic const &d, std::size_t ruleIndex)
                    {"locations", Json::array({SarifLocation(d.file, SarifRegion(d.range))})}};
     // The chain of loads that reached the file, from the main file down.
     Json related = Json::array();
-    for (stratagem::LoadStep const &step : d.loadedFrom)
-    {
+    for (stratagem::LoadStep const &step : d.loadedFrom) {
         Json location = {{"id", related.size()}};
         location.update(SarifLocation(step.file, {{"startLine", step.line}, {"startColumn", step.column}}));
         location["message"] = {{"text", "loaded from here"}};
@@ -255,8 +246,7 @@ Json SarifResult(Diagnostic const &d, std::size_t ruleIndex)
     if (!related.empty())
         result["relatedLocations"] = related;
     Json fixes = Json::array();
-    for (stratagem::Replacement const &fix : d.fixes)
-    {
+    for (stratagem::Replacement const &fix : d.fixes) {
         Json const replacement = {{"deletedRegion", SarifRegion(fix.range)}, {"insertedContent", {{"text", fix.text}}}};
         fixes.push_back({{"description", {{"text", "Replace with '" + fix.text + "'"}}},
                          {"artifactChanges",
@@ -275,16 +265,13 @@ void WriteSarif(std::ostream &out, std::vector<Diagnostic> const &diagnostics, W
     Json rules = Json::array();
     std::map<std::string, std::size_t> ruleIndex;  // code -> its place in `rules`
     Json results = Json::array();
-    for (Diagnostic const &d : diagnostics)
-    {
+    for (Diagnostic const &d : diagnostics) {
         auto const found = ruleIndex.emplace(d.code, rules.size());
         if (found.second)
             rules.push_back({{"id", d.code}, {"shortDescription", {{"text", DescribeCode(d)}}}});
         results.push_back(SarifResult(d, found.first->second));
     }
-    Json const driver = {{"name", "stratagem"},
-                         {"version", STRATAGEM_VERSION},
-                         {"rules", rules}};
+    Json const driver = {{"name", "stratagem"}, {"version", STRATAGEM_VERSION}, {"rules", rules}};
     Json const log = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
                       {"version", "2.1.0"},
                       {"runs", Json::array({{{"tool", {{"driver", driver}}}, {"results", results}}})}};
@@ -308,7 +295,7 @@ FormatWriter const s_writers[] = {
     {CheckFormat::Sarif, WriteSarif},
 };
 
-} // namespace
+}  // namespace
 
 void WriteDiagnostics(std::ostream &out, CheckFormat format, std::vector<Diagnostic> const &diagnostics,
                       WriteContext const &context)

@@ -49,23 +49,19 @@ bool OnName(CliOptions &options, char const *value, std::string &)
 bool OnSet(CliOptions &options, char const *value, std::string &error)
 {
     char const *equals = std::strchr(value, '=');
-    if (!equals)
-    {
+    if (!equals) {
         error = std::string("expected FIELD=VALUE, got '") + value + "'";
         return false;
     }
     std::string const name(value, equals);
     SettingsField const *field = FindSettingsField(name.c_str());
-    if (!field)
-    {
+    if (!field) {
         error = "unknown settings field '" + name + "' (valid fields: " + SettingsFieldNames() + ")";
         return false;
     }
     long long number = 0;
-    if (!ParseLong(equals + 1, INT_MIN, INT_MAX, number))
-    {
-        error = "bad value '" + std::string(equals + 1) + "' for " + name +
-                " (expected a decimal integer)";
+    if (!ParseLong(equals + 1, INT_MIN, INT_MAX, number)) {
+        error = "bad value '" + std::string(equals + 1) + "' for " + name + " (expected a decimal integer)";
         return false;
     }
     options.settings.*field->pField = static_cast<int>(number);
@@ -75,8 +71,7 @@ bool OnSet(CliOptions &options, char const *value, std::string &error)
 bool OnDefine(CliOptions &options, char const *value, std::string &error)
 {
     unsigned int const nSID = AI_Symbol(value);
-    if (!AI_IsDefine(nSID) || !ApplyDefine(nSID, options.settings))
-    {
+    if (!AI_IsDefine(nSID) || !ApplyDefine(nSID, options.settings)) {
         error = std::string("unknown define word '") + value + "'";
         return false;
     }
@@ -92,8 +87,7 @@ bool OnNoExpandBlocks(CliOptions &options, char const *, std::string &)
 bool OnSeed(CliOptions &options, char const *value, std::string &error)
 {
     long long number = 0;
-    if (*value == '-' || *value == '+' || !ParseLong(value, 0, UINT_MAX, number))
-    {
+    if (*value == '-' || *value == '+' || !ParseLong(value, 0, UINT_MAX, number)) {
         error = std::string("bad seed '") + value + "' (expected 0 to 4294967295)";
         return false;
     }
@@ -123,14 +117,11 @@ struct WordValue
 };
 
 template <typename Value, std::size_t N>
-bool ParseWord(WordValue<Value> const (&table)[N], char const *text, char const *what, Value &value,
-               std::string &error)
+bool ParseWord(WordValue<Value> const (&table)[N], char const *text, char const *what, Value &value, std::string &error)
 {
     std::string expected;
-    for (WordValue<Value> const &row : table)
-    {
-        if (std::strcmp(row.szWord, text) == 0)
-        {
+    for (WordValue<Value> const &row : table) {
+        if (std::strcmp(row.szWord, text) == 0) {
             value = row.value;
             return true;
         }
@@ -182,11 +173,11 @@ enum class Mode
 
 struct OptionRow
 {
-    char chShort;         // 0 when the option has no short form
+    char chShort;  // 0 when the option has no short form
     char const *szLong;
-    bool bValue;          // takes a value (next argument, or after '=' / the letter)
-    CliCommand command;   // Help, Version and ListSettings end the parse at once
-    Handler pfnApply;     // for CliCommand::Analyze
+    bool bValue;         // takes a value (next argument, or after '=' / the letter)
+    CliCommand command;  // Help, Version and ListSettings end the parse at once
+    Handler pfnApply;    // for CliCommand::Analyze
     Mode mode;
 };
 
@@ -234,15 +225,12 @@ struct OptionWord
 OptionWord SplitOption(char const *arg, std::string &error)
 {
     OptionWord word;
-    if (arg[1] == '-')
-    {
+    if (arg[1] == '-') {
         char const *equals = std::strchr(arg + 2, '=');
         std::string const name = equals ? std::string(arg + 2, equals) : std::string(arg + 2);
         word.row = FindLong(name);
         word.inlineValue = equals ? equals + 1 : nullptr;
-    }
-    else
-    {
+    } else {
         word.row = FindShort(arg[1]);
         word.inlineValue = arg[2] ? arg + 2 : nullptr;
     }
@@ -272,14 +260,12 @@ GivenOption const *FirstOfOtherMode(std::vector<GivenOption> const &given, bool 
 // can stand for; a listing takes any integer, as it always has.
 bool CheckSettingsRanges(AI_GameSettings const &settings, std::string &error)
 {
-    for (SettingsField const &field : AllSettingsFields())
-    {
+    for (SettingsField const &field : AllSettingsFields()) {
         ValueRange const range = FieldRange(field);
         int const value = settings.*field.pField;
-        if (value < range.nMin || value > range.nMax)
-        {
-            error = "value " + std::to_string(value) + " out of range for " + field.pszName + " (expected " +
-                    std::to_string(range.nMin) + " to " + std::to_string(range.nMax) + ")";
+        if (value < range.nMin || value > range.nMax) {
+            error = "value " + std::to_string(value) + " out of range for " + field.pszName + " (expected "
+                + std::to_string(range.nMin) + " to " + std::to_string(range.nMax) + ")";
             return false;
         }
     }
@@ -289,19 +275,16 @@ bool CheckSettingsRanges(AI_GameSettings const &settings, std::string &error)
 // What the whole command line must satisfy once every option is read.
 bool Complete(CliOptions &options, std::vector<GivenOption> const &given, std::string &error)
 {
-    if (GivenOption const *option = FirstOfOtherMode(given, options.bCheck))
-    {
-        error = "option '" + option->strSpelling +
-                (options.bCheck ? "' cannot be used with --check" : "' needs --check");
+    if (GivenOption const *option = FirstOfOtherMode(given, options.bCheck)) {
+        error
+            = "option '" + option->strSpelling + (options.bCheck ? "' cannot be used with --check" : "' needs --check");
         return false;
     }
-    if (options.files.empty())
-    {
+    if (options.files.empty()) {
         error = options.bCheck ? "no FILE given" : "no MAIN_FILE given";
         return false;
     }
-    if (!options.bCheck && options.files.size() > 1)
-    {
+    if (!options.bCheck && options.files.size() > 1) {
         error = "more than one MAIN_FILE: '" + options.files[1] + "'";
         return false;
     }
@@ -313,25 +296,20 @@ bool Complete(CliOptions &options, std::vector<GivenOption> const &given, std::s
     return true;
 }
 
-} // namespace
+}  // namespace
 
-CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &options,
-                            std::string &error)
+CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &options, std::string &error)
 {
     std::vector<GivenOption> given;
     bool bOptionsEnded = false;
-    for (int i = 1; i < argc; ++i)
-    {
+    for (int i = 1; i < argc; ++i) {
         char const *arg = argv[i];
-        if (!bOptionsEnded && std::strcmp(arg, "--") == 0)
-        {
+        if (!bOptionsEnded && std::strcmp(arg, "--") == 0) {
             bOptionsEnded = true;
             continue;
         }
-        if (bOptionsEnded || arg[0] != '-' || arg[1] == '\0')
-        {
-            if (arg[0] == '\0')
-            {
+        if (bOptionsEnded || arg[0] != '-' || arg[1] == '\0') {
+            if (arg[0] == '\0') {
                 error = "empty MAIN_FILE";
                 return CliCommand::Usage;
             }
@@ -346,24 +324,20 @@ CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &opti
             return word.row->command;
 
         char const *value = word.inlineValue;
-        if (word.row->bValue && !value)
-        {
-            if (i + 1 >= argc)
-            {
+        if (word.row->bValue && !value) {
+            if (i + 1 >= argc) {
                 error = std::string("option '") + arg + "' needs a value";
                 return CliCommand::Usage;
             }
             value = argv[++i];
-        }
-        else if (!word.row->bValue && value)
-        {
+        } else if (!word.row->bValue && value) {
             error = std::string("option '") + arg + "' takes no value";
             return CliCommand::Usage;
         }
         if (!word.row->pfnApply(options, value, error))
             return CliCommand::Usage;
-        given.push_back({word.row, arg[1] == '-' ? std::string("--") + word.row->szLong
-                                                 : std::string{'-', word.row->chShort}});
+        given.push_back(
+            {word.row, arg[1] == '-' ? std::string("--") + word.row->szLong : std::string {'-', word.row->chShort}});
     }
     return Complete(options, given, error) ? CliCommand::Analyze : CliCommand::Usage;
 }

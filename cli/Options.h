@@ -11,15 +11,15 @@
 // How --check writes its diagnostics.
 enum class CheckFormat
 {
-    Text,   // compiler style, with the source line and a caret
-    Gcc,    // one line per diagnostic
-    Json,   // one array of objects
-    Sarif   // a SARIF 2.1.0 log
+    Text,  // compiler style, with the source line and a caret
+    Gcc,   // one line per diagnostic
+    Json,  // one array of objects
+    Sarif  // a SARIF 2.1.0 log
 };
 
 enum class ColorMode
 {
-    Auto,    // only when standard output is a terminal
+    Auto,  // only when standard output is a terminal
     Always,
     Never
 };
@@ -27,9 +27,9 @@ enum class ColorMode
 // Everything the command line asks for; options apply in order.
 struct CliOptions
 {
-    std::string strMainFile;              // the first FILE
-    std::vector<std::string> files;       // every FILE, in order (one unless --check)
-    std::string strName;                  // the main file name unless --name
+    std::string strMainFile;         // the first FILE
+    std::vector<std::string> files;  // every FILE, in order (one unless --check)
+    std::string strName;             // the main file name unless --name
     bool bNameGiven = false;
     std::vector<std::string> extraFiles;  // read before the main file, in order
     AI_GameSettings settings = AI_gsSettings;
@@ -55,8 +55,7 @@ enum class CliCommand
 
 // Reads argv[1..argc-1] into `options`. The built-in defines must already be
 // registered, since -D looks its word up in the vocabulary.
-CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &options,
-                            std::string &error);
+CliCommand ParseCommandLine(int argc, char const *const argv[], CliOptions &options, std::string &error);
 
 // The hint that follows a command-line error.
 void WriteUsage(std::ostream &out);

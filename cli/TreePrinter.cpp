@@ -40,7 +40,7 @@ std::size_t AppendChildren(AI_CObject const &object, std::vector<AI_CObject cons
     return static_cast<std::size_t>(list.GetCount());
 }
 
-} // namespace
+}  // namespace
 
 // The walk keeps its own stack: conditions and blocks may nest deeper than
 // the call stack would like.
@@ -53,11 +53,9 @@ void WriteTree(std::ostream &out, AI_CObject const &root)
     WriteLine(out, root, 0);
     path.push_back({&root, 0, 0, AppendChildren(root, pending)});
     onPath.insert(&root);
-    while (!path.empty())
-    {
+    while (!path.empty()) {
         Frame &top = path.back();
-        if (top.nNext == top.nEnd)
-        {
+        if (top.nNext == top.nEnd) {
             onPath.erase(top.pObject);
             pending.resize(top.nBegin);
             path.pop_back();

@@ -8,15 +8,15 @@
 #include <memory>
 #include <new>
 #include <string>
-#include <vector>
 #include <unistd.h>
+#include <vector>
 
 #include "CheckMode.h"
 #include "Options.h"
 #include "Output.h"
-#include "vocabulary/AI_SettingsFields.h"
 #include "TreePrinter.h"
 #include "stratagem.h"
+#include "vocabulary/AI_SettingsFields.h"
 
 namespace {
 
@@ -43,19 +43,15 @@ void ReportError(CException &exception)
     char szMessage[1024] = "";
     exception.GetErrorMessage(szMessage, sizeof szMessage, nullptr);
     std::vector<char> longer;
-    try
-    {
-        for (std::size_t nSize = 2 * sizeof szMessage; nSize <= (1u << 24); nSize *= 2)
-        {
+    try {
+        for (std::size_t nSize = 2 * sizeof szMessage; nSize <= (1u << 24); nSize *= 2) {
             char const *pszLast = longer.empty() ? szMessage : longer.data();
             if (std::strlen(pszLast) + 1 < nSize / 2)
                 break;
             longer.assign(nSize, '\0');
             exception.GetErrorMessage(longer.data(), static_cast<UINT>(nSize), nullptr);
         }
-    }
-    catch (std::bad_alloc const &)
-    {
+    } catch (std::bad_alloc const &) {
         longer.clear();
     }
     char const *pszMessage = longer.empty() ? szMessage : longer.data();
@@ -65,8 +61,8 @@ void ReportError(CException &exception)
 // Nothing reaches stdout unless the analysis succeeded.
 int Run(CliOptions const &options)
 {
-    std::unique_ptr<AI_CStrategy> strategy(new AI_CStrategy(
-        options.strName.c_str(), options.strMainFile.c_str(), options.settings));
+    std::unique_ptr<AI_CStrategy> strategy(
+        new AI_CStrategy(options.strName.c_str(), options.strMainFile.c_str(), options.settings));
     for (std::string const &file : options.extraFiles)
         strategy->AddFilename(file.c_str());
     AI_CParser::EnableExpandBlocks(options.bExpandBlocks ? 1 : 0);
@@ -81,8 +77,7 @@ int Run(CliOptions const &options)
         WriteTree(out, *strategy);
     else
         strategy->PrettyPrint(out, 0);
-    if (!buffer.Finish())
-    {
+    if (!buffer.Finish()) {
         std::cerr << "stratagem: cannot write the output" << std::endl;
         return EXIT_ANALYSIS_FAILED;
     }
@@ -93,8 +88,7 @@ int Dispatch(int argc, char const *const argv[])
 {
     CliOptions options;
     std::string error;
-    switch (ParseCommandLine(argc, argv, options, error))
-    {
+    switch (ParseCommandLine(argc, argv, options, error)) {
     case CliCommand::Help:
         WriteHelp(std::cout);
         return EXIT_OK;
@@ -114,30 +108,23 @@ int Dispatch(int argc, char const *const argv[])
     return options.bCheck ? RunCheck(options) : Run(options);
 }
 
-} // namespace
+}  // namespace
 
 // A failure anywhere (the analysis, the vocabulary, the output, the host's
 // own allocations) ends the run with its one line on the error stream.
 int main(int argc, char *argv[])
 {
     int status = EXIT_ANALYSIS_FAILED;
-    try
-    {
+    try {
         RegisterVocabulary();
         status = Dispatch(argc, argv);
-    }
-    catch (CException *exception)
-    {
+    } catch (CException *exception) {
         ReportError(*exception);
         exception->Delete();
-    }
-    catch (std::bad_alloc const &)
-    {
+    } catch (std::bad_alloc const &) {
         CMemoryException exception;
         ReportError(exception);
-    }
-    catch (std::exception const &exception)
-    {
+    } catch (std::exception const &exception) {
         std::cerr << "stratagem: " << exception.what() << std::endl;
     }
     AI_DeleteAll();

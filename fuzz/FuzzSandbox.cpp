@@ -18,39 +18,70 @@ char const *const kExtension = ".per";
 
 // Scripts an input may load. "common" loads itself; "second" loads the input
 // back and picks between files at random.
-char const kCommon[] =
-    "; shared rules\n"
-    "(defconst fz-shared 7)\n"
-    "(defrule (true) => (do-nothing))\n"
-    "(load \"common\")\n";
-char const kSecond[] =
-    "(load-random 50 \"common\" \"input\")\n"
-    "#load-if-defined DEATH-MATCH\n"
-    "(load \"common\")\n"
-    "#else\n"
-    "(defrule (false) => (resign))\n"
-    "#end-if\n";
+char const kCommon[] = "; shared rules\n"
+                       "(defconst fz-shared 7)\n"
+                       "(defrule (true) => (do-nothing))\n"
+                       "(load \"common\")\n";
+char const kSecond[] = "(load-random 50 \"common\" \"input\")\n"
+                       "#load-if-defined DEATH-MATCH\n"
+                       "(load \"common\")\n"
+                       "#else\n"
+                       "(defrule (false) => (resign))\n"
+                       "#end-if\n";
 
 // Reserved words and punctuation; the registered vocabulary is added to them.
 char const *const kLanguageWords[] = {
-    "defrule", "defconst", "load", "load-random", "not", "and", "xor", "or", "nor", "xnor", "nand",
-    "less-than", "less-or-equal", "greater-than", "greater-or-equal", "equal", "not-equal",
-    "<", "<=", ">", ">=", "==", "!=", "load-if-defined", "load-if-not-defined", "else", "end-if",
-    "=>", "#", "(", ")", "\"", ";", "\\", "\n", "common", "second", "input", "2147483647", "-2147483648",
+    "defrule",
+    "defconst",
+    "load",
+    "load-random",
+    "not",
+    "and",
+    "xor",
+    "or",
+    "nor",
+    "xnor",
+    "nand",
+    "less-than",
+    "less-or-equal",
+    "greater-than",
+    "greater-or-equal",
+    "equal",
+    "not-equal",
+    "<",
+    "<=",
+    ">",
+    ">=",
+    "==",
+    "!=",
+    "load-if-defined",
+    "load-if-not-defined",
+    "else",
+    "end-if",
+    "=>",
+    "#",
+    "(",
+    ")",
+    "\"",
+    ";",
+    "\\",
+    "\n",
+    "common",
+    "second",
+    "input",
+    "2147483647",
+    "-2147483648",
 };
 
 std::string Quoted(std::string const &word)
 {
     std::string line = "\"";
-    for (unsigned char c : word)
-    {
+    for (unsigned char c : word) {
         char szEscape[8];
-        if (c == '"' || c == '\\' || c < 0x20 || c >= 0x7F)
-        {
+        if (c == '"' || c == '\\' || c < 0x20 || c >= 0x7F) {
             snprintf(szEscape, sizeof szEscape, "\\x%02X", c);
             line += szEscape;
-        }
-        else
+        } else
             line += static_cast<char>(c);
     }
     return line + "\"\n";
@@ -69,16 +100,13 @@ Sandbox::Sandbox()
     m_directory = name.data();
 
     m_input = m_directory + "/input" + kExtension;
-    try
-    {
+    try {
         WriteFile("common", kCommon);
         WriteFile("second", kSecond);
         CheckHelper("common");
         CheckHelper("second");
         WriteDictionary();
-    }
-    catch (...)
-    {
+    } catch (...) {
         std::error_code error;
         std::filesystem::remove_all(m_directory, error);
         throw;
@@ -113,8 +141,7 @@ void Sandbox::WriteDictionary()
     for (char const *pszWord : kLanguageWords)
         text += Quoted(pszWord);
     // Every registered word: defines, facts, actions and params.
-    for (unsigned int nSID = 100; nSID < 3500; ++nSID)
-    {
+    for (unsigned int nSID = 100; nSID < 3500; ++nSID) {
         CString word = AI_String(nSID);
         if (!word.IsEmpty())
             text += Quoted(word.GetString());
@@ -131,12 +158,9 @@ void Sandbox::CheckHelper(std::string const &name) const
     std::string file = m_directory + "/" + name + kExtension;
     AI_CStrategy strategy("check", file.c_str(), AI_gsSettings);
     AI_CParser parser(&strategy);
-    try
-    {
+    try {
         parser.Parse(file.c_str());
-    }
-    catch (CException *pException)
-    {
+    } catch (CException *pException) {
         char szMessage[512] = "";
         pException->GetErrorMessage(szMessage, sizeof szMessage);
         delete pException;
@@ -151,8 +175,8 @@ bool Sandbox::IsInside(CString const *pName) const
     if (!pName)
         return true;
     std::string const name = pName->GetString();
-    return name.size() > m_directory.size() + 1 && name.compare(0, m_directory.size(), m_directory) == 0 &&
-           name[m_directory.size()] == '/' && name.find_first_of("/\\", m_directory.size() + 1) == std::string::npos;
+    return name.size() > m_directory.size() + 1 && name.compare(0, m_directory.size(), m_directory) == 0
+        && name[m_directory.size()] == '/' && name.find_first_of("/\\", m_directory.size() + 1) == std::string::npos;
 }
 
 bool Sandbox::LoadsStayInside(AI_CCommandList const *pCommands) const
@@ -160,28 +184,21 @@ bool Sandbox::LoadsStayInside(AI_CCommandList const *pCommands) const
     if (!pCommands)
         return true;
     CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
-    for (POSITION pos = commands.GetHeadPosition(); pos;)
-    {
+    for (POSITION pos = commands.GetHeadPosition(); pos;) {
         AI_CCommand *pCommand = commands.GetNext(pos);
-        if (auto *pLoad = dynamic_cast<AI_CLoadCommand *>(pCommand))
-        {
+        if (auto *pLoad = dynamic_cast<AI_CLoadCommand *>(pCommand)) {
             if (!IsInside(pLoad->GetFilename()))
                 return false;
-        }
-        else if (auto *pRandom = dynamic_cast<AI_CLoadRandomCommand *>(pCommand))
-        {
+        } else if (auto *pRandom = dynamic_cast<AI_CLoadRandomCommand *>(pCommand)) {
             if (!IsInside(pRandom->GetFilename()))
                 return false;
-            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions())
-            {
+            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
                 CTypedPtrList<CObList, AI_CLoadOption *> const &options = pOptions->GetLoadOptions();
                 for (POSITION option = options.GetHeadPosition(); option;)
                     if (!IsInside(options.GetNext(option)->GetFilename()))
                         return false;
             }
-        }
-        else if (auto *pBlock = dynamic_cast<AI_CBlock *>(pCommand))
-        {
+        } else if (auto *pBlock = dynamic_cast<AI_CBlock *>(pCommand)) {
             if (!LoadsStayInside(pBlock->GetIfCommands()) || !LoadsStayInside(pBlock->GetElseCommands()))
                 return false;
         }

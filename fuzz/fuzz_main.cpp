@@ -6,8 +6,8 @@
 // leak is a fault. The listing and the descriptions of every object reached
 // are exercised after each analysis, the checks after each that succeeds.
 // Check mode then reads the input on every path, and Tokenize its text.
-#include <stddef.h>
 #include <errno.h>
+#include <stddef.h>
 #include <stdint.h>
 #include <stdlib.h>
 #include <string.h>
@@ -56,9 +56,8 @@ void Report(CException *pException)
 void DescribeAll(AI_CStrategy &strategy)
 {
     std::set<AI_CObject *> seen;
-    std::vector<AI_CObject *> pending{&strategy};
-    while (!pending.empty())
-    {
+    std::vector<AI_CObject *> pending {&strategy};
+    while (!pending.empty()) {
         AI_CObject *pObject = pending.back();
         pending.pop_back();
         if (!seen.insert(pObject).second)
@@ -77,21 +76,16 @@ void Analyse(AI_GameSettings const &settings)
 {
     std::string const &input = g_pSandbox->InputFile();
     AI_CStrategy strategy("fuzz", input.c_str(), settings);
-    try
-    {
+    try {
         AI_CParser parser(&strategy);
         AI_CCommandList *pCommands = parser.Parse(input.c_str());
-        if (g_pSandbox->LoadsStayInside(pCommands))
-        {
+        if (g_pSandbox->LoadsStayInside(pCommands)) {
             strategy.Analyze();  // finds the input parsed and loads it
             if (pCommands)
                 pCommands->Check();
-        }
-        else if (g_bVerbose)
+        } else if (g_bVerbose)
             std::cerr << "not loaded: a load names a path outside the sandbox\n";
-    }
-    catch (CException *pException)
-    {
+    } catch (CException *pException) {
         Report(pException);
     }
     NullBuffer buffer;
@@ -109,8 +103,7 @@ public:
     {
         std::string const &input = g_pSandbox->InputFile();
         std::string directory = input.substr(0, input.rfind('/') + 1);
-        if (name.compare(0, directory.size(), directory) != 0 || name.find("..") != std::string::npos)
-        {
+        if (name.compare(0, directory.size(), directory) != 0 || name.find("..") != std::string::npos) {
             error = ENOENT;
             return false;
         }
@@ -123,8 +116,7 @@ void CheckAllPaths()
     SandboxSources sources;
     stratagem::CheckOptions options;
     options.sources = &sources;
-    try
-    {
+    try {
         std::string text;
         int nError = 0;
         if (sources.Read(g_pSandbox->InputFile(), text, nError))
@@ -134,9 +126,7 @@ void CheckAllPaths()
             for (stratagem::Diagnostic const &diagnostic : report.diagnostics)
                 std::cerr << "[check] " << diagnostic.file << ":" << diagnostic.range.line << ":"
                           << diagnostic.range.column << ": " << diagnostic.code << " " << diagnostic.message << "\n";
-    }
-    catch (CException *pException)
-    {
+    } catch (CException *pException) {
         Report(pException);
     }
 }
@@ -165,13 +155,10 @@ extern "C" int LLVMFuzzerInitialize(int *pArgc, char ***pArgv)
     AI_AddDefines();
     AI_AddParams();
     g_bVerbose = getenv("STRATAGEM_FUZZ_VERBOSE") != nullptr;
-    try
-    {
+    try {
         static fuzz::Sandbox sandbox;
         g_pSandbox = &sandbox;
-    }
-    catch (std::exception const &error)
-    {
+    } catch (std::exception const &error) {
         std::cerr << "stratagem_fuzz: " << error.what() << "\n";
         exit(1);
     }

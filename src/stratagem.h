@@ -3,12 +3,12 @@
 #ifndef STRATAGEM_H
 #define STRATAGEM_H
 
-#include "platform/afx.h"
-#include "vocabulary/AI_Vocabulary.h"
+#include "check/Check.h"
 #include "objects/AI_Objects.h"
 #include "parser/AI_CException.h"
 #include "parser/AI_CParser.h"
+#include "platform/afx.h"
 #include "strategy/AI_CStrategy.h"
-#include "check/Check.h"
+#include "vocabulary/AI_Vocabulary.h"
 
 #endif

@@ -8,8 +8,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -75,9 +75,9 @@ struct FileState
     std::unique_ptr<LineMap> lines;
     std::vector<LoadStep> chain;
     AI_CCommandList *pCommands = nullptr;
-    std::size_t nReport = 0;               // its entry in the report's files
+    std::size_t nReport = 0;  // its entry in the report's files
     std::vector<Suppression> suppressions;
-    std::vector<AI_Span> commands;         // every command's span in text order, when suppressions need it
+    std::vector<AI_Span> commands;  // every command's span in text order, when suppressions need it
     std::vector<std::pair<AI_CCommand const *, CommandSpans>> spans;  // by command, sorted once parsed
     bool bWalking = false;
     bool bWalked = false;
@@ -88,10 +88,7 @@ bool Contains(AI_Span outer, int nOffset)
     return nOffset >= outer.nBegin && nOffset < std::max(outer.nEnd, outer.nBegin + 1);
 }
 
-std::string Text(CString const *pString)
-{
-    return pString ? std::string(pString->GetString()) : std::string();
-}
+std::string Text(CString const *pString) { return pString ? std::string(pString->GetString()) : std::string(); }
 
 // The written name of a load: the target without the loading file's
 // directory and extension, which the parser added.
@@ -110,11 +107,8 @@ class Checker : public AI_CCheckListener
 {
 public:
     Checker(CheckOptions const &options, CheckReport &report, std::string const &mainFile)
-        : m_options(options),
-          m_report(report),
-          m_strategy("check", mainFile.c_str(), options.settings),
-          m_parser(&m_strategy),
-          m_bExpandBlocks(AI_CParser::IsExpandBlocks())
+        : m_options(options), m_report(report), m_strategy("check", mainFile.c_str(), options.settings),
+          m_parser(&m_strategy), m_bExpandBlocks(AI_CParser::IsExpandBlocks())
     {
         AI_CParser::EnableExpandBlocks(0);
         m_nFalse = AI_Symbol("false");
@@ -152,7 +146,8 @@ public:
             m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
             m_bPendingRule = true;
             if (NeverFires(static_cast<AI_CDefruleCommand *>(pCommand)))
-                m_ruleWarnings.push_back({whole, kNeverFires, "this rule can never fire: one of its conditions is always false"});
+                m_ruleWarnings.push_back(
+                    {whole, kNeverFires, "this rule can never fire: one of its conditions is always false"});
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
             unsigned int nSID = static_cast<AI_CDefconstCommand *>(pCommand)->GetSID();
             NoteConstantSID(nSID);  // for hints from here on
@@ -301,8 +296,7 @@ private:
             std::sort(file.commands.begin(), file.commands.end(),
                       [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
         }
-        std::sort(file.spans.begin(), file.spans.end(),
-                  [](auto const &a, auto const &b) { return a.first < b.first; });
+        std::sort(file.spans.begin(), file.spans.end(), [](auto const &a, auto const &b) { return a.first < b.first; });
         WarnAboutRules();
         if (m_options.fileReports)
             Survey(file.pCommands, Report().outline);
@@ -467,14 +461,14 @@ private:
                 for (POSITION position = options.GetHeadPosition(); position;) {
                     AI_CLoadOption const *pOption = options.GetNext(position);
                     AddLoadReference(pOption->GetFilename());
-                    item.detail += (item.detail.empty() ? "" : ", ") + std::to_string(pOption->GetProbability()) +
-                                   "% " + WrittenName(m_pCurrent->name, Text(pOption->GetFilename()));
+                    item.detail += (item.detail.empty() ? "" : ", ") + std::to_string(pOption->GetProbability()) + "% "
+                        + WrittenName(m_pCurrent->name, Text(pOption->GetFilename()));
                 }
             }
             if (CString const *pDefault = pRandom->GetFilename()) {
                 AddLoadReference(pDefault);
-                item.detail += (item.detail.empty() ? "default " : ", default ") +
-                               WrittenName(m_pCurrent->name, Text(pDefault));
+                item.detail += (item.detail.empty() ? "default " : ", default ")
+                    + WrittenName(m_pCurrent->name, Text(pDefault));
             }
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
             auto *pBlock = static_cast<AI_CBlock *>(pCommand);
@@ -491,8 +485,7 @@ private:
         if (!m_options.fileReports || !pFilename || !m_fileNames.count(pFilename))
             return;
         std::string target = Text(pFilename);
-        Report().loads.push_back(
-            {WrittenName(m_pCurrent->name, target), target, ToRange(m_fileNames[pFilename])});
+        Report().loads.push_back({WrittenName(m_pCurrent->name, target), target, ToRange(m_fileNames[pFilename])});
     }
 
     // Rules of one list written alike (each after the first) and rules that
@@ -501,7 +494,8 @@ private:
     {
         std::sort(m_rules.begin(), m_rules.end(), [](RuleSeen const &a, RuleSeen const &b) {
             return a.nList != b.nList ? a.nList < b.nList
-                                      : a.nHash != b.nHash ? a.nHash < b.nHash : a.span.nBegin < b.span.nBegin;
+                : a.nHash != b.nHash  ? a.nHash < b.nHash
+                                      : a.span.nBegin < b.span.nBegin;
         });
         std::string const &text = m_pCurrent->text.text;
         std::size_t nFirst = 0;
@@ -514,9 +508,9 @@ private:
             if (Normalized(text, m_rules[nFirst].span) != Normalized(text, rule.span))
                 continue;
             Range first = ToRange(m_rules[nFirst].span);
-            m_ruleWarnings.push_back({rule.span, kIdenticalRule,
-                                      "this rule is the same as the one on line " + std::to_string(first.line) +
-                                          "; it runs twice"});
+            m_ruleWarnings.push_back(
+                {rule.span, kIdenticalRule,
+                 "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice"});
         }
         std::stable_sort(m_ruleWarnings.begin(), m_ruleWarnings.end(),
                          [](RuleWarning const &a, RuleWarning const &b) { return a.span.nBegin < b.span.nBegin; });
@@ -545,8 +539,8 @@ private:
 
     static bool IsFact(AI_CCE const *pCondition, unsigned int nSID)
     {
-        return nSID && pCondition && pCondition->IsKindOf(RUNTIME_CLASS(AI_CTestCE)) &&
-               static_cast<AI_CTestCE const *>(pCondition)->GetSID() == nSID;
+        return nSID && pCondition && pCondition->IsKindOf(RUNTIME_CLASS(AI_CTestCE))
+            && static_cast<AI_CTestCE const *>(pCondition)->GetSID() == nSID;
     }
 
     // ---- warnings --------------------------------------------------------
@@ -644,7 +638,7 @@ private:
     std::unordered_map<unsigned int, std::string> m_names;
     std::unordered_map<unsigned int, std::pair<FileState *, AI_Span>> m_definitions;  // the first of each
     std::vector<unsigned int> m_definitionOrder;
-    std::vector<unsigned int> m_constantJournal;  // constants first defined on the current path
+    std::vector<unsigned int> m_constantJournal;    // constants first defined on the current path
     std::unordered_map<std::string, int> m_loaded;  // loads on the current path
     std::vector<std::string> m_loadJournal;
 };

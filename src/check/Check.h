@@ -84,8 +84,8 @@ public:
 struct CheckOptions
 {
     AI_GameSettings settings = AI_gsSettings;
-    std::vector<std::string> extraFiles;       // read before the main file
-    SourceProvider const *sources = nullptr;   // null: the disk
+    std::vector<std::string> extraFiles;      // read before the main file
+    SourceProvider const *sources = nullptr;  // null: the disk
     // False: each FileReport keeps only its file and chain (no outline,
     // constants, uses or loads), for callers that only want diagnostics.
     bool fileReports = true;

@@ -91,13 +91,12 @@ bool IsActionSID(unsigned int nSID) { return AI_IsAction(nSID) != 0; }
 bool IsDefineSID(unsigned int nSID) { return AI_IsDefine(nSID) != 0; }
 bool IsConstantSID(unsigned int nSID) { return AI_IsConstant(nSID) != 0; }
 bool IsValueSID(unsigned int nSID) { return AI_IsParam(nSID) || AI_IsConstant(nSID); }
-bool IsFunctionSID(unsigned int nSID) { return AI_IsFact(nSID) || AI_IsAction(nSID); }
 
 int s_nAcceptedType = 0;
 bool IsOfAcceptedType(unsigned int nSID)
 {
-    return (AI_IsParam(nSID) && AI_IsOfType(s_nAcceptedType, nSID)) ||
-           (AI_IsConstant(nSID) && AI_IsOfType(s_nAcceptedType, AI_Constant(nSID, 0)));
+    return (AI_IsParam(nSID) && AI_IsOfType(s_nAcceptedType, nSID))
+        || (AI_IsConstant(nSID) && AI_IsOfType(s_nAcceptedType, AI_Constant(nSID, 0)));
 }
 
 // Which kind of word belongs where an unknown word stands.
@@ -130,9 +129,9 @@ void DescribeSignature(Diagnostic &diagnostic, AI_CFunction const *pFunction)
     if (!pFunction)
         return;
     CArray<int, int> const &params = pFunction->GetParams();
-    diagnostic.hints.push_back("expected " + Signature(pFunction->GetSID()) + ", with " +
-                               std::to_string(params.GetSize()) +
-                               (params.GetSize() == 1 ? " argument" : " arguments"));
+    diagnostic.hints.push_back("expected " + Signature(pFunction->GetSID()) + ", with "
+                               + std::to_string(params.GetSize())
+                               + (params.GetSize() == 1 ? " argument" : " arguments"));
     for (int i = 0; i < params.GetSize(); ++i)
         diagnostic.hints.push_back(ParamTypeName(params[i]) + ": " + AcceptedValues(params[i]));
 }
@@ -142,8 +141,8 @@ void DescribeArgument(Diagnostic &diagnostic, AI_CFunction const *pFunction, int
     if (!pFunction || nIndex < 0 || nIndex >= pFunction->GetParams().GetSize())
         return;
     int nType = pFunction->GetParams()[nIndex];
-    diagnostic.hints.push_back("argument " + std::to_string(nIndex + 1) + " of " + Signature(pFunction->GetSID()) +
-                               " is a " + ParamTypeName(nType) + ": " + AcceptedValues(nType));
+    diagnostic.hints.push_back("argument " + std::to_string(nIndex + 1) + " of " + Signature(pFunction->GetSID())
+                               + " is a " + ParamTypeName(nType) + ": " + AcceptedValues(nType));
     s_nAcceptedType = nType;
     if (AI_Symbol(found.c_str()) && !AI_IsOfType(nType, AI_Symbol(found.c_str())))
         Suggest(diagnostic, found, IsOfAcceptedType);
@@ -171,7 +170,8 @@ Diagnostic ErrorDiagnostic(AI_CParseException const &error, Range const &range, 
         if (param.find("stack overflow") != std::string::npos)
             diagnostic.message = "nesting too deep at " + found + " (parser stack overflow)";
         else
-            diagnostic.message = "syntax error: unexpected " + found + (expected.empty() ? "" : "; expected " + expected);
+            diagnostic.message
+                = "syntax error: unexpected " + found + (expected.empty() ? "" : "; expected " + expected);
         break;
     }
     case AI_PE_INTEGER:

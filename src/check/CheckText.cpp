@@ -13,10 +13,7 @@ char const kEndOfText = 0x1A;
 char const kDirective[] = "stratagem:";
 char const kDisable[] = "disable=";
 
-bool IsBlank(char ch)
-{
-    return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r';
-}
+bool IsBlank(char ch) { return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r'; }
 
 // Skips a string literal starting at the quote; answers the offset after
 // it (or the end of its line when it is not closed there).
@@ -110,8 +107,8 @@ void LineMap::Position(int nOffset, int &nLine, int &nColumn) const
             ++nLast;
     }
     if (m_starts[nLast] > nOffset || (nLast + 1 < m_starts.size() && m_starts[nLast + 1] <= nOffset))
-        nLast = static_cast<std::size_t>(std::upper_bound(m_starts.begin(), m_starts.end(), nOffset) -
-                                         m_starts.begin()) - 1;
+        nLast = static_cast<std::size_t>(std::upper_bound(m_starts.begin(), m_starts.end(), nOffset) - m_starts.begin())
+            - 1;
     m_nLast = nLast;
     nLine = static_cast<int>(nLast + 1);
     nColumn = nOffset - m_starts[nLast] + 1;

@@ -146,10 +146,7 @@ std::string JoinWords(std::vector<std::string> const &words)
 
 }  // namespace
 
-void NoteConstantSID(unsigned int nSID)
-{
-    s_nHighestConstant = std::max(s_nHighestConstant, nSID);
-}
+void NoteConstantSID(unsigned int nSID) { s_nHighestConstant = std::max(s_nHighestConstant, nSID); }
 
 std::string ParamTypeName(int nType)
 {
@@ -168,8 +165,8 @@ std::string AcceptedValues(int nType)
             words.push_back(AI_String(nSID).GetString());
     int nMin, nMax;
     bool bIntegers = IntegerRange(nType, nMin, nMax);
-    std::string integers =
-        bIntegers ? "an integer from " + std::to_string(nMin) + " to " + std::to_string(nMax) : std::string();
+    std::string integers
+        = bIntegers ? "an integer from " + std::to_string(nMin) + " to " + std::to_string(nMax) : std::string();
     if (words.empty())
         return bIntegers ? integers : "no value";
     std::string text = "one of: " + JoinWords(words);

@@ -4,10 +4,7 @@
 
 namespace active {
 
-bool Set::Contains(void const *p) const
-{
-    return std::find(m_items.begin(), m_items.end(), p) != m_items.end();
-}
+bool Set::Contains(void const *p) const { return std::find(m_items.begin(), m_items.end(), p) != m_items.end(); }
 
 Set &Writing()
 {

@@ -13,25 +13,13 @@ AI_CAction::AI_CAction() : m_nSID(0), m_pExpressions(nullptr) {}
 
 AI_CAction::AI_CAction(unsigned int nSID, AI_CExprList *pExpressions) : m_nSID(nSID), m_pExpressions(pExpressions) {}
 
-AI_CAction::~AI_CAction()
-{
-    delete m_pExpressions;
-}
+AI_CAction::~AI_CAction() { delete m_pExpressions; }
 
-int AI_CAction::IsActionID(unsigned int nSID)
-{
-    return AI_IsAction(nSID);
-}
+int AI_CAction::IsActionID(unsigned int nSID) { return AI_IsAction(nSID); }
 
-CString AI_CAction::GetDescription()
-{
-    return "action: " + AI_String(m_nSID);
-}
+CString AI_CAction::GetDescription() { return "action: " + AI_String(m_nSID); }
 
-void AI_CAction::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
-{
-    lists::AppendIf(m_pExpressions, out);
-}
+void AI_CAction::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendIf(m_pExpressions, out); }
 
 void AI_CAction::PrettyPrint(std::ostream &os, int nLevel) const
 {
@@ -45,10 +33,7 @@ void AI_CAction::PrettyPrint(std::ostream &os, int nLevel) const
 }
 
 // The arguments were matched against the action's signature by the parser.
-int AI_CAction::IsValid() const
-{
-    return IsActionID(m_nSID);
-}
+int AI_CAction::IsValid() const { return IsActionID(m_nSID); }
 
 void AI_CAction::Invalidate()
 {
@@ -57,10 +42,7 @@ void AI_CAction::Invalidate()
 }
 
 // Actions cannot take effect inside the library: each reports failure.
-int AI_CAction::Execute()
-{
-    return 0;
-}
+int AI_CAction::Execute() { return 0; }
 
 // ---- AI_CActionList -----------------------------------------------------
 
@@ -68,25 +50,13 @@ IMPLEMENT_DYNCREATE(AI_CActionList, AI_CObject)
 
 AI_CActionList::AI_CActionList() {}
 
-AI_CActionList::~AI_CActionList()
-{
-    lists::DeleteAll(m_lstActions);
-}
+AI_CActionList::~AI_CActionList() { lists::DeleteAll(m_lstActions); }
 
-CString AI_CActionList::GetDescription()
-{
-    return lists::Describe("action list: %d actions", m_lstActions);
-}
+CString AI_CActionList::GetDescription() { return lists::Describe("action list: %d actions", m_lstActions); }
 
-void AI_CActionList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
-{
-    lists::AppendTo(m_lstActions, out);
-}
+void AI_CActionList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendTo(m_lstActions, out); }
 
-void AI_CActionList::PrettyPrint(std::ostream &os, int nLevel) const
-{
-    lists::PrintEach(m_lstActions, os, nLevel);
-}
+void AI_CActionList::PrettyPrint(std::ostream &os, int nLevel) const { lists::PrintEach(m_lstActions, os, nLevel); }
 
 AI_CAction *AI_CActionList::Add(AI_CAction *pAction)
 {

@@ -11,8 +11,7 @@ AI_CBlock::AI_CBlock() : m_bIf(0), m_nSID(0), m_pIfCommands(nullptr), m_pElseCom
 
 AI_CBlock::AI_CBlock(int bIf, unsigned int nSID, AI_CCommandList *pIfCommands, AI_CCommandList *pElseCommands)
     : m_bIf(bIf), m_nSID(nSID), m_pIfCommands(pIfCommands), m_pElseCommands(pElseCommands)
-{
-}
+{}
 
 AI_CBlock::~AI_CBlock()
 {
@@ -20,10 +19,7 @@ AI_CBlock::~AI_CBlock()
     delete m_pElseCommands;
 }
 
-int AI_CBlock::IsDefineID(unsigned int nSID)
-{
-    return AI_IsDefine(nSID);
-}
+int AI_CBlock::IsDefineID(unsigned int nSID) { return AI_IsDefine(nSID); }
 
 CString AI_CBlock::GetDescription()
 {
@@ -51,18 +47,19 @@ void AI_CBlock::PrettyPrint(std::ostream &os, int nLevel) const
         m_pIfCommands->PrettyPrint(os, nLevel + 1);
     if (m_pElseCommands) {
         Offset(os, nLevel);
-        os << "#" << "else" << " ; " << pszNot << strDefine.GetString() << std::endl;
+        os << "#"
+           << "else"
+           << " ; " << pszNot << strDefine.GetString() << std::endl;
         os << std::endl;
         m_pElseCommands->PrettyPrint(os, nLevel + 1);
     }
     Offset(os, nLevel);
-    os << "#" << "end-if" << " ; " << pszNot << strDefine.GetString() << std::endl;
+    os << "#"
+       << "end-if"
+       << " ; " << pszNot << strDefine.GetString() << std::endl;
 }
 
-int AI_CBlock::IsValid() const
-{
-    return IsDefineID(m_nSID) && m_pIfCommands ? 1 : 0;
-}
+int AI_CBlock::IsValid() const { return IsDefineID(m_nSID) && m_pIfCommands ? 1 : 0; }
 
 // Checks the branch the flag names; the define itself is not evaluated.
 int AI_CBlock::Check()
@@ -83,10 +80,7 @@ void AI_CBlock::Load()
 
 // Never loaded for good: each load of the enclosing list visits both
 // branches again (their own loaded commands are skipped there).
-int AI_CBlock::IsLoaded() const
-{
-    return 0;
-}
+int AI_CBlock::IsLoaded() const { return 0; }
 
 void AI_CBlock::Invalidate()
 {

@@ -15,15 +15,9 @@ AI_CCE::AI_CCE() {}
 
 AI_CCE::~AI_CCE() {}
 
-int AI_CCE::IsValid() const
-{
-    return 1;
-}
+int AI_CCE::IsValid() const { return 1; }
 
-int AI_CCE::IsTrue() const
-{
-    return 0;
-}
+int AI_CCE::IsTrue() const { return 0; }
 
 // ---- AI_CTestCE ---------------------------------------------------------
 
@@ -33,25 +27,13 @@ AI_CTestCE::AI_CTestCE() : m_nSID(0), m_pExpressions(nullptr) {}
 
 AI_CTestCE::AI_CTestCE(unsigned int nSID, AI_CExprList *pExpressions) : m_nSID(nSID), m_pExpressions(pExpressions) {}
 
-AI_CTestCE::~AI_CTestCE()
-{
-    delete m_pExpressions;
-}
+AI_CTestCE::~AI_CTestCE() { delete m_pExpressions; }
 
-int AI_CTestCE::IsFactID(unsigned int nSID)
-{
-    return AI_IsFact(nSID);
-}
+int AI_CTestCE::IsFactID(unsigned int nSID) { return AI_IsFact(nSID); }
 
-CString AI_CTestCE::GetDescription()
-{
-    return "fact: " + AI_String(m_nSID);
-}
+CString AI_CTestCE::GetDescription() { return "fact: " + AI_String(m_nSID); }
 
-void AI_CTestCE::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
-{
-    lists::AppendIf(m_pExpressions, out);
-}
+void AI_CTestCE::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendIf(m_pExpressions, out); }
 
 // "(name args)", or "(name)" without arguments.
 void AI_CTestCE::PrettyPrint(std::ostream &os, int nLevel) const
@@ -66,16 +48,10 @@ void AI_CTestCE::PrettyPrint(std::ostream &os, int nLevel) const
 }
 
 // The arguments were matched against the fact's signature by the parser.
-int AI_CTestCE::IsValid() const
-{
-    return IsFactID(m_nSID);
-}
+int AI_CTestCE::IsValid() const { return IsFactID(m_nSID); }
 
 // Facts cannot be observed inside the library: a test never holds.
-int AI_CTestCE::IsTrue() const
-{
-    return 0;
-}
+int AI_CTestCE::IsTrue() const { return 0; }
 
 void AI_CTestCE::Invalidate()
 {
@@ -89,20 +65,11 @@ namespace {
 
 char const *const s_apszKeywords[] = {"not", "and", "or", "xor", "nand", "nor", "xnor"};
 
-bool IsKnownOp(int nOp)
-{
-    return nOp >= AI_COpCE::opNot && nOp <= AI_COpCE::opXnor;
-}
+bool IsKnownOp(int nOp) { return nOp >= AI_COpCE::opNot && nOp <= AI_COpCE::opXnor; }
 
-char const *Keyword(int nOp)
-{
-    return IsKnownOp(nOp) ? s_apszKeywords[nOp] : "";
-}
+char const *Keyword(int nOp) { return IsKnownOp(nOp) ? s_apszKeywords[nOp] : ""; }
 
-int Holds(AI_CCE const *pCE)
-{
-    return pCE && pCE->IsTrue() ? 1 : 0;
-}
+int Holds(AI_CCE const *pCE) { return pCE && pCE->IsTrue() ? 1 : 0; }
 
 }  // namespace
 
@@ -190,25 +157,13 @@ IMPLEMENT_DYNCREATE(AI_CCEList, AI_CObject)
 
 AI_CCEList::AI_CCEList() {}
 
-AI_CCEList::~AI_CCEList()
-{
-    lists::DeleteAll(m_lstCEs);
-}
+AI_CCEList::~AI_CCEList() { lists::DeleteAll(m_lstCEs); }
 
-CString AI_CCEList::GetDescription()
-{
-    return lists::Describe("fact list: %d CEs", m_lstCEs);
-}
+CString AI_CCEList::GetDescription() { return lists::Describe("fact list: %d CEs", m_lstCEs); }
 
-void AI_CCEList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
-{
-    lists::AppendTo(m_lstCEs, out);
-}
+void AI_CCEList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendTo(m_lstCEs, out); }
 
-void AI_CCEList::PrettyPrint(std::ostream &os, int nLevel) const
-{
-    lists::PrintEach(m_lstCEs, os, nLevel);
-}
+void AI_CCEList::PrettyPrint(std::ostream &os, int nLevel) const { lists::PrintEach(m_lstCEs, os, nLevel); }
 
 AI_CCE *AI_CCEList::Add(AI_CCE *pCE)
 {

@@ -17,22 +17,13 @@ AI_CCommand::AI_CCommand() {}
 
 AI_CCommand::~AI_CCommand() {}
 
-int AI_CCommand::IsValid() const
-{
-    return 1;
-}
+int AI_CCommand::IsValid() const { return 1; }
 
-int AI_CCommand::Check()
-{
-    return 0;
-}
+int AI_CCommand::Check() { return 0; }
 
 void AI_CCommand::Load() {}
 
-int AI_CCommand::IsLoaded() const
-{
-    return 1;
-}
+int AI_CCommand::IsLoaded() const { return 1; }
 
 // ---- AI_CDefruleCommand -------------------------------------------------
 
@@ -40,10 +31,8 @@ IMPLEMENT_DYNCREATE(AI_CDefruleCommand, AI_CCommand)
 
 AI_CDefruleCommand::AI_CDefruleCommand() : m_pCEs(nullptr), m_pActions(nullptr) {}
 
-AI_CDefruleCommand::AI_CDefruleCommand(AI_CCEList *pCEs, AI_CActionList *pActions)
-    : m_pCEs(pCEs), m_pActions(pActions)
-{
-}
+AI_CDefruleCommand::AI_CDefruleCommand(AI_CCEList *pCEs, AI_CActionList *pActions) : m_pCEs(pCEs), m_pActions(pActions)
+{}
 
 AI_CDefruleCommand::~AI_CDefruleCommand()
 {
@@ -51,10 +40,7 @@ AI_CDefruleCommand::~AI_CDefruleCommand()
     delete m_pActions;
 }
 
-CString AI_CDefruleCommand::GetDescription()
-{
-    return CString("defrule command");
-}
+CString AI_CDefruleCommand::GetDescription() { return CString("defrule command"); }
 
 void AI_CDefruleCommand::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 {
@@ -65,7 +51,8 @@ void AI_CDefruleCommand::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) c
 void AI_CDefruleCommand::PrettyPrint(std::ostream &os, int nLevel) const
 {
     Offset(os, nLevel);
-    os << "(" << "defrule" << std::endl;
+    os << "("
+       << "defrule" << std::endl;
     if (m_pCEs)
         m_pCEs->PrettyPrint(os, nLevel + 1);
     Offset(os, nLevel);
@@ -77,10 +64,7 @@ void AI_CDefruleCommand::PrettyPrint(std::ostream &os, int nLevel) const
 }
 
 // Emptiness is allowed: only the presence of both lists is required.
-int AI_CDefruleCommand::IsValid() const
-{
-    return m_pCEs && m_pActions ? 1 : 0;
-}
+int AI_CDefruleCommand::IsValid() const { return m_pCEs && m_pActions ? 1 : 0; }
 
 // Runs the rule once; the actions' result does not matter.
 int AI_CDefruleCommand::Check()
@@ -105,15 +89,11 @@ AI_CDefconstCommand::AI_CDefconstCommand() : m_nSID(0), m_nValue(0), m_pStrategy
 
 AI_CDefconstCommand::AI_CDefconstCommand(unsigned int nSID, int nValue, AI_CStrategy *pStrategy)
     : m_nSID(nSID), m_nValue(nValue), m_pStrategy(pStrategy)
-{
-}
+{}
 
 AI_CDefconstCommand::~AI_CDefconstCommand() {}
 
-int AI_CDefconstCommand::IsConstantID(unsigned int nSID)
-{
-    return AI_IsConstant(nSID);
-}
+int AI_CDefconstCommand::IsConstantID(unsigned int nSID) { return AI_IsConstant(nSID); }
 
 CString AI_CDefconstCommand::GetDescription()
 {
@@ -127,18 +107,14 @@ void AI_CDefconstCommand::GetObjects(CTypedPtrList<CObList, AI_CObject *> &) con
 void AI_CDefconstCommand::PrettyPrint(std::ostream &os, int nLevel) const
 {
     Offset(os, nLevel);
-    os << "(" << "defconst" << " " << vocabulary::NameOf(m_nSID) << " " << m_nValue << ")" << std::endl;
+    os << "("
+       << "defconst"
+       << " " << vocabulary::NameOf(m_nSID) << " " << m_nValue << ")" << std::endl;
 }
 
-int AI_CDefconstCommand::IsValid() const
-{
-    return IsConstantID(m_nSID);
-}
+int AI_CDefconstCommand::IsValid() const { return IsConstantID(m_nSID); }
 
-int AI_CDefconstCommand::Check()
-{
-    return 1;
-}
+int AI_CDefconstCommand::Check() { return 1; }
 
 // Records the value in the strategy each time the enclosing list loads.
 void AI_CDefconstCommand::Load()
@@ -148,12 +124,6 @@ void AI_CDefconstCommand::Load()
 }
 
 // Never loaded for good: every load of its list records the value again.
-int AI_CDefconstCommand::IsLoaded() const
-{
-    return 0;
-}
+int AI_CDefconstCommand::IsLoaded() const { return 0; }
 
-void AI_CDefconstCommand::Invalidate()
-{
-    m_nSID = 0;
-}
+void AI_CDefconstCommand::Invalidate() { m_nSID = 0; }

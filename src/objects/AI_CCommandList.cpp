@@ -9,15 +9,9 @@ IMPLEMENT_DYNCREATE(AI_CCommandList, AI_CObject)
 
 AI_CCommandList::AI_CCommandList() {}
 
-AI_CCommandList::~AI_CCommandList()
-{
-    lists::DeleteAll(m_lstCommands);
-}
+AI_CCommandList::~AI_CCommandList() { lists::DeleteAll(m_lstCommands); }
 
-CString AI_CCommandList::GetDescription()
-{
-    return lists::Describe("command list: %d commands", m_lstCommands);
-}
+CString AI_CCommandList::GetDescription() { return lists::Describe("command list: %d commands", m_lstCommands); }
 
 void AI_CCommandList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 {

@@ -8,25 +8,13 @@
 
 IMPLEMENT_DYNCREATE(AI_CExpression, AI_CObject)
 
-AI_CExpression::AI_CExpression() : m_nType(AI_EXPR_INTEGER)
-{
-    m_contents.nInteger = 0;
-}
+AI_CExpression::AI_CExpression() : m_nType(AI_EXPR_INTEGER) { m_contents.nInteger = 0; }
 
-AI_CExpression::AI_CExpression(unsigned int nSID) : m_nType(AI_EXPR_SYMBOL)
-{
-    m_contents.nSID = nSID;
-}
+AI_CExpression::AI_CExpression(unsigned int nSID) : m_nType(AI_EXPR_SYMBOL) { m_contents.nSID = nSID; }
 
-AI_CExpression::AI_CExpression(CString *pString) : m_nType(AI_EXPR_STRING)
-{
-    m_contents.pString = pString;
-}
+AI_CExpression::AI_CExpression(CString *pString) : m_nType(AI_EXPR_STRING) { m_contents.pString = pString; }
 
-AI_CExpression::AI_CExpression(int nInteger) : m_nType(AI_EXPR_INTEGER)
-{
-    m_contents.nInteger = nInteger;
-}
+AI_CExpression::AI_CExpression(int nInteger) : m_nType(AI_EXPR_INTEGER) { m_contents.nInteger = nInteger; }
 
 AI_CExpression::~AI_CExpression()
 {
@@ -34,10 +22,7 @@ AI_CExpression::~AI_CExpression()
         delete m_contents.pString;
 }
 
-int AI_CExpression::IsExpressionID(unsigned int nSID)
-{
-    return AI_IsParam(nSID);
-}
+int AI_CExpression::IsExpressionID(unsigned int nSID) { return AI_IsParam(nSID); }
 
 // Joined rather than formatted where no number is involved: a tree walk
 // describes every argument of a strategy.
@@ -100,15 +85,9 @@ IMPLEMENT_DYNCREATE(AI_CExprList, AI_CObject)
 
 AI_CExprList::AI_CExprList() {}
 
-AI_CExprList::~AI_CExprList()
-{
-    lists::DeleteAll(m_lstExpressions);
-}
+AI_CExprList::~AI_CExprList() { lists::DeleteAll(m_lstExpressions); }
 
-CString AI_CExprList::GetDescription()
-{
-    return lists::Describe("expression list: %d expressions", m_lstExpressions);
-}
+CString AI_CExprList::GetDescription() { return lists::Describe("expression list: %d expressions", m_lstExpressions); }
 
 void AI_CExprList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 {

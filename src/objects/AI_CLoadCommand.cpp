@@ -13,14 +13,10 @@ AI_CLoadCommand::AI_CLoadCommand() : m_pFilename(nullptr), m_pCommands(nullptr),
 
 AI_CLoadCommand::AI_CLoadCommand(CString *pFilename, AI_CStrategy *pStrategy)
     : m_pFilename(pFilename), m_pCommands(nullptr), m_pStrategy(pStrategy)
-{
-}
+{}
 
 // The loaded list belongs to the strategy.
-AI_CLoadCommand::~AI_CLoadCommand()
-{
-    delete m_pFilename;
-}
+AI_CLoadCommand::~AI_CLoadCommand() { delete m_pFilename; }
 
 CString AI_CLoadCommand::GetDescription()
 {
@@ -29,10 +25,7 @@ CString AI_CLoadCommand::GetDescription()
     return str;
 }
 
-void AI_CLoadCommand::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
-{
-    lists::AppendIf(m_pCommands, out);
-}
+void AI_CLoadCommand::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendIf(m_pCommands, out); }
 
 // The command as a comment, then the loaded file's commands between its
 // START and END banners. A file already being written higher up (one that
@@ -42,7 +35,9 @@ void AI_CLoadCommand::PrettyPrint(std::ostream &os, int nLevel) const
     CString strFilename(listing::Text(m_pFilename));
     os << ";";
     Offset(os, nLevel);
-    os << "(" << "load" << " " << strFilename.GetString() << ")" << std::endl;
+    os << "("
+       << "load"
+       << " " << strFilename.GetString() << ")" << std::endl;
     listing::StartBanner(os, nLevel, strFilename);
     os << std::endl;
     if (m_pCommands && !active::Writing().Contains(m_pCommands))
@@ -51,15 +46,9 @@ void AI_CLoadCommand::PrettyPrint(std::ostream &os, int nLevel) const
     listing::EndBanner(os, nLevel, strFilename);
 }
 
-int AI_CLoadCommand::IsValid() const
-{
-    return m_pFilename != nullptr;
-}
+int AI_CLoadCommand::IsValid() const { return m_pFilename != nullptr; }
 
-int AI_CLoadCommand::Check()
-{
-    return m_pCommands ? m_pCommands->Check() : 0;
-}
+int AI_CLoadCommand::Check() { return m_pCommands ? m_pCommands->Check() : 0; }
 
 void AI_CLoadCommand::Load()
 {
@@ -67,16 +56,10 @@ void AI_CLoadCommand::Load()
         AI_LoadFile(m_pStrategy, *m_pFilename, m_pCommands);
 }
 
-int AI_CLoadCommand::IsLoaded() const
-{
-    return m_pCommands != nullptr;
-}
+int AI_CLoadCommand::IsLoaded() const { return m_pCommands != nullptr; }
 
 // Clears the file name without freeing it; loaded list and strategy stay.
-void AI_CLoadCommand::Invalidate()
-{
-    m_pFilename = nullptr;
-}
+void AI_CLoadCommand::Invalidate() { m_pFilename = nullptr; }
 
 // ---- AI_CLoadOption -----------------------------------------------------
 
@@ -86,13 +69,9 @@ AI_CLoadOption::AI_CLoadOption() : m_nProbability(0), m_pFilename(nullptr) {}
 
 AI_CLoadOption::AI_CLoadOption(int nProbability, CString *pFilename)
     : m_nProbability(nProbability), m_pFilename(pFilename)
-{
-}
+{}
 
-AI_CLoadOption::~AI_CLoadOption()
-{
-    delete m_pFilename;
-}
+AI_CLoadOption::~AI_CLoadOption() { delete m_pFilename; }
 
 CString AI_CLoadOption::GetDescription()
 {
@@ -110,10 +89,7 @@ void AI_CLoadOption::PrettyPrint(std::ostream &os, int nLevel) const
     os << m_nProbability << " " << listing::Text(m_pFilename);
 }
 
-int AI_CLoadOption::IsValid() const
-{
-    return m_nProbability >= 1 && m_nProbability <= 100 && m_pFilename ? 1 : 0;
-}
+int AI_CLoadOption::IsValid() const { return m_nProbability >= 1 && m_nProbability <= 100 && m_pFilename ? 1 : 0; }
 
 void AI_CLoadOption::Invalidate()
 {
@@ -127,10 +103,7 @@ IMPLEMENT_DYNCREATE(AI_CLoadOptionList, AI_CObject)
 
 AI_CLoadOptionList::AI_CLoadOptionList() {}
 
-AI_CLoadOptionList::~AI_CLoadOptionList()
-{
-    lists::DeleteAll(m_lstLoadOptions);
-}
+AI_CLoadOptionList::~AI_CLoadOptionList() { lists::DeleteAll(m_lstLoadOptions); }
 
 int AI_CLoadOptionList::GetTotalProbability() const
 {

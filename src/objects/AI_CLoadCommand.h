@@ -12,7 +12,7 @@ class STRATAGEM_API AI_CLoadCommand : public AI_CCommand
 
 protected:
     CString *m_pFilename;
-    AI_CCommandList *m_pCommands; // the strategy's list of the file; not owned
+    AI_CCommandList *m_pCommands;  // the strategy's list of the file; not owned
     AI_CStrategy *m_pStrategy;
 
     AI_CLoadCommand();
@@ -90,9 +90,9 @@ class STRATAGEM_API AI_CLoadRandomCommand : public AI_CCommand
 
 protected:
     AI_CLoadOptionList *m_pOptions;
-    CString *m_pFilename;         // the default file; null when there is none
-    CString const *m_pLoaded;     // the chosen option's or the default's name; not owned
-    AI_CCommandList *m_pCommands; // the strategy's list of the chosen file; not owned
+    CString *m_pFilename;          // the default file; null when there is none
+    CString const *m_pLoaded;      // the chosen option's or the default's name; not owned
+    AI_CCommandList *m_pCommands;  // the strategy's list of the chosen file; not owned
     AI_CStrategy *m_pStrategy;
 
     AI_CLoadRandomCommand();

@@ -10,10 +10,7 @@
 namespace {
 
 // Maps one draw onto 0..100; 100 only for the largest draw.
-int Percent(int nDraw)
-{
-    return static_cast<int>(nDraw * (1.0 / crt::kRandMax) * 100.0);
-}
+int Percent(int nDraw) { return static_cast<int>(nDraw * (1.0 / crt::kRandMax) * 100.0); }
 
 // The file of the first option whose share holds x: the first option takes
 // 0..p1, each later one the p values above the previous sum (bounds
@@ -41,14 +38,11 @@ IMPLEMENT_DYNCREATE(AI_CLoadRandomCommand, AI_CCommand)
 
 AI_CLoadRandomCommand::AI_CLoadRandomCommand()
     : m_pOptions(nullptr), m_pFilename(nullptr), m_pLoaded(nullptr), m_pCommands(nullptr), m_pStrategy(nullptr)
-{
-}
+{}
 
-AI_CLoadRandomCommand::AI_CLoadRandomCommand(AI_CLoadOptionList *pOptions, CString *pFilename,
-                                             AI_CStrategy *pStrategy)
+AI_CLoadRandomCommand::AI_CLoadRandomCommand(AI_CLoadOptionList *pOptions, CString *pFilename, AI_CStrategy *pStrategy)
     : m_pOptions(pOptions), m_pFilename(pFilename), m_pLoaded(nullptr), m_pCommands(nullptr), m_pStrategy(pStrategy)
-{
-}
+{}
 
 // The chosen name points into the options or the default; the loaded list
 // belongs to the strategy.
@@ -79,7 +73,8 @@ void AI_CLoadRandomCommand::PrettyPrint(std::ostream &os, int nLevel) const
 {
     os << ";";
     Offset(os, nLevel);
-    os << "(" << "load-random" << std::endl;
+    os << "("
+       << "load-random" << std::endl;
     if (m_pOptions)
         m_pOptions->PrettyPrint(os, nLevel + 1);
     if (m_pFilename) {
@@ -106,15 +101,9 @@ void AI_CLoadRandomCommand::PrettyPrint(std::ostream &os, int nLevel) const
     }
 }
 
-int AI_CLoadRandomCommand::IsValid() const
-{
-    return !m_pOptions || m_pOptions->GetTotalProbability() <= 100 ? 1 : 0;
-}
+int AI_CLoadRandomCommand::IsValid() const { return !m_pOptions || m_pOptions->GetTotalProbability() <= 100 ? 1 : 0; }
 
-int AI_CLoadRandomCommand::Check()
-{
-    return m_pCommands ? m_pCommands->Check() : 0;
-}
+int AI_CLoadRandomCommand::Check() { return m_pCommands ? m_pCommands->Check() : 0; }
 
 // One draw per call, whatever the options. Without a choice nothing is
 // parsed and the command stays unloaded, so the next load of its list draws
@@ -129,10 +118,7 @@ void AI_CLoadRandomCommand::Load()
         AI_LoadFile(m_pStrategy, *m_pLoaded, m_pCommands);
 }
 
-int AI_CLoadRandomCommand::IsLoaded() const
-{
-    return m_pCommands != nullptr;
-}
+int AI_CLoadRandomCommand::IsLoaded() const { return m_pCommands != nullptr; }
 
 // Like the other commands: clears what it owns (options and default file)
 // without freeing them. The chosen name may point into either, so it goes

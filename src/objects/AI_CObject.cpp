@@ -8,16 +8,10 @@ AI_CObject::AI_CObject() {}
 
 AI_CObject::~AI_CObject() {}
 
-CString AI_CObject::GetDescription()
-{
-    return CString("object");
-}
+CString AI_CObject::GetDescription() { return CString("object"); }
 
 void AI_CObject::GetObjects(CTypedPtrList<CObList, AI_CObject *> &) const {}
 
 void AI_CObject::PrettyPrint(std::ostream &, int) const {}
 
-void AI_CObject::Offset(std::ostream &os, int nLevel) const
-{
-    listing::Indent(os, nLevel);
-}
+void AI_CObject::Offset(std::ostream &os, int nLevel) const { listing::Indent(os, nLevel); }

@@ -28,7 +28,6 @@ public:
 
     // Writes one tab per level; nothing for a level of 0 or less.
     void Offset(std::ostream &, int) const;
-
 };
 
 #endif

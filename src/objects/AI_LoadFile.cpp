@@ -17,15 +17,9 @@ AI_CStrategyLink const *s_pLink = nullptr;
 
 }  // namespace
 
-AI_CStrategyLink const &AI_TheStrategyLink()
-{
-    return s_pLink ? *s_pLink : s_unlinked;
-}
+AI_CStrategyLink const &AI_TheStrategyLink() { return s_pLink ? *s_pLink : s_unlinked; }
 
-void AI_SetStrategyLink(AI_CStrategyLink const *pLink)
-{
-    s_pLink = pLink;
-}
+void AI_SetStrategyLink(AI_CStrategyLink const *pLink) { s_pLink = pLink; }
 
 void AI_LoadFile(AI_CStrategy *pStrategy, char const *pszFilename, AI_CCommandList *&rpCommands)
 {

@@ -39,15 +39,13 @@ AI_CException::AI_CException() {}
 
 AI_CParseException::AI_CParseException()
     : m_nLine(0), m_nCause(AI_PE_UNKNOWN), m_bInitialized(0), m_bLoaded(0), m_szMessage()
-{
-}
+{}
 
 AI_CParseException::AI_CParseException(char const *pszFilename, int nLine, int nCause, char const *pszParam1,
                                        char const *pszParam2)
-    : m_strFilename(pszFilename), m_nLine(nLine), m_nCause(nCause), m_strParam1(pszParam1),
-      m_strParam2(pszParam2), m_bInitialized(0), m_bLoaded(0), m_szMessage()
-{
-}
+    : m_strFilename(pszFilename), m_nLine(nLine), m_nCause(nCause), m_strParam1(pszParam1), m_strParam2(pszParam2),
+      m_bInitialized(0), m_bLoaded(0), m_szMessage()
+{}
 
 AI_CParseException::~AI_CParseException() {}
 

@@ -54,8 +54,7 @@ public:
     AI_CParseException();
     // File name, line, cause, first and second parameter; a null text gives
     // an empty string.
-    AI_CParseException(char const *pszFilename, int nLine, int nCause, char const *pszParam1,
-                       char const *pszParam2);
+    AI_CParseException(char const *pszFilename, int nLine, int nCause, char const *pszParam1, char const *pszParam2);
     virtual ~AI_CParseException();
 
     CString const &GetFilename() const { return m_strFilename; }

@@ -16,10 +16,7 @@ int AI_nBadArgument = 0;
 AI_CParseObserver *AI_pObserver = nullptr;
 AI_CTokenSource *AI_pTokenSource = nullptr;
 
-int AI_GrammarLex()
-{
-    return AI_pTokenSource ? AI_pTokenSource->Next() : ai_yylex();
-}
+int AI_GrammarLex() { return AI_pTokenSource ? AI_pTokenSource->Next() : ai_yylex(); }
 
 void AI_BeginFile(AI_CParser *pParser, char const *pszFilename)
 {
@@ -35,15 +32,9 @@ AI_CParser::AI_CParser(AI_CStrategy *pStrategy) : m_lstObjects(10), m_lstStrings
 
 AI_CParser::~AI_CParser() {}
 
-int AI_CParser::IsExpandBlocks()
-{
-    return s_bExpandBlocks;
-}
+int AI_CParser::IsExpandBlocks() { return s_bExpandBlocks; }
 
-void AI_CParser::EnableExpandBlocks(int bExpandBlocks)
-{
-    s_bExpandBlocks = bExpandBlocks;
-}
+void AI_CParser::EnableExpandBlocks(int bExpandBlocks) { s_bExpandBlocks = bExpandBlocks; }
 
 CObject *AI_CParser::Remember(CObject *pObject)
 {
@@ -117,12 +108,6 @@ void AI_RaiseParseError(int nCause, char const *pszParam)
     throw new AI_CParseException(AI_pszFilename, AI_nLine, nCause, pszParam, "");
 }
 
-int AI_CParser::ScanError(char const *pszText)
-{
-    AI_RaiseParseError(AI_PE_INVALID_CHARACTER, pszText);
-}
+int AI_CParser::ScanError(char const *pszText) { AI_RaiseParseError(AI_PE_INVALID_CHARACTER, pszText); }
 
-int AI_CParser::ParseError(char const *pszMessage)
-{
-    AI_RaiseParseError(AI_PE_PARSE_ERROR, pszMessage);
-}
+int AI_CParser::ParseError(char const *pszMessage) { AI_RaiseParseError(AI_PE_PARSE_ERROR, pszMessage); }

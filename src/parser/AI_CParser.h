@@ -86,8 +86,7 @@ protected:
     AI_CCommand *defconst_command(char const *pszName, int nValue);
     int const_value(int nValue);
     int const_value(unsigned int nSID);
-    AI_CCommand *block(int bIf, unsigned int nSID, AI_CCommandList *pIfCommands,
-                       AI_CCommandList *pElseCommands);
+    AI_CCommand *block(int bIf, unsigned int nSID, AI_CCommandList *pIfCommands, AI_CCommandList *pElseCommands);
     int if_dir(int nToken);
     AI_CCommandList *opt_else();
     AI_CCommandList *opt_else(AI_CCommandList *pCommands);

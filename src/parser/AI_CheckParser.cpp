@@ -21,19 +21,13 @@ struct Token
     int nCode = 0;
     char const *pszValue = "";
     AI_Span span = {0, 0};
-    int nLine = 1;         // the line counter once the token was read
-    long nIndex = 0;       // position in the file's token sequence
+    int nLine = 1;    // the line counter once the token was read
+    long nIndex = 0;  // position in the file's token sequence
 };
 
-bool IsCommandKeyword(int nCode)
-{
-    return nCode >= TOK_RW_DEFRULE && nCode <= TOK_RW_LOAD_RANDOM;
-}
+bool IsCommandKeyword(int nCode) { return nCode >= TOK_RW_DEFRULE && nCode <= TOK_RW_LOAD_RANDOM; }
 
-bool IsOpeningDirective(int nCode)
-{
-    return nCode == TOK_D_LOAD_IF_DEFINED || nCode == TOK_D_LOAD_IF_NOT_DEFINED;
-}
+bool IsOpeningDirective(int nCode) { return nCode == TOK_D_LOAD_IF_DEFINED || nCode == TOK_D_LOAD_IF_NOT_DEFINED; }
 
 // A command begins with "(" and a command keyword, or with "#" and an
 // opening directive.
@@ -105,9 +99,9 @@ public:
     AI_Span ErrorSpan(int nCause) const
     {
         if (nCause == AI_PE_PARSE_ERROR)
-            return Last().nCode == AI_TOKEN_OPEN_STRING ? AI_Span{Last().span.nEnd, Last().span.nEnd} : Last().span;
-        if (nCause == AI_PE_WRONG_PARAM && AI_nBadArgument >= 0 &&
-            AI_nBadArgument < static_cast<int>(m_arguments.size()))
+            return Last().nCode == AI_TOKEN_OPEN_STRING ? AI_Span {Last().span.nEnd, Last().span.nEnd} : Last().span;
+        if (nCause == AI_PE_WRONG_PARAM && AI_nBadArgument >= 0
+            && AI_nBadArgument < static_cast<int>(m_arguments.size()))
             return m_arguments[AI_nBadArgument];
         return AI_spanError;
     }
@@ -249,14 +243,14 @@ private:
 
     AI_CCheckParser &m_parser;
     AI_CCheckListener &m_listener;
-    std::deque<Token> m_queue;   // tokens to read again after a restart
-    Token m_ring[kRing];         // the last tokens handed to the grammar
-    long m_nDelivered = 0;       // tokens handed out in this run
+    std::deque<Token> m_queue;  // tokens to read again after a restart
+    Token m_ring[kRing];        // the last tokens handed to the grammar
+    long m_nDelivered = 0;      // tokens handed out in this run
     long m_nScanned = 0;
-    long m_nRunIndex = 0;        // index of the token the run began with
-    int m_nRunBegin = -1;        // its offset
-    int m_nDepth = 0;            // blocks open after the last token
-    int m_nDepthBefore = 0;      // ... and before it
+    long m_nRunIndex = 0;    // index of the token the run began with
+    int m_nRunBegin = -1;    // its offset
+    int m_nDepth = 0;        // blocks open after the last token
+    int m_nDepthBefore = 0;  // ... and before it
     bool m_bInActions = false;
     AI_CCommandList *m_pTopList = nullptr;
     std::vector<AI_Span> m_arguments;

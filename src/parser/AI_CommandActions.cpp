@@ -44,18 +44,15 @@ void AI_CParser::AddCommand(AI_CCommandList *pCommands, AI_CCommand *pCommand)
     bool bIf = pBlock->GetIf() != 0;
     // The block owns its branches and is about to go, so taking commands
     // out of the selected branch is safe.
-    AI_CCommandList *pSelected =
-        const_cast<AI_CCommandList *>(bDefined == bIf ? pBlock->GetIfCommands() : pBlock->GetElseCommands());
+    AI_CCommandList *pSelected
+        = const_cast<AI_CCommandList *>(bDefined == bIf ? pBlock->GetIfCommands() : pBlock->GetElseCommands());
     if (pSelected)
         pCommands->Add(pSelected);
     Forget(pBlock);
     delete pBlock;
 }
 
-AI_CCommand *AI_CParser::command(AI_CCommand *pCommand)
-{
-    return pCommand;
-}
+AI_CCommand *AI_CParser::command(AI_CCommand *pCommand) { return pCommand; }
 
 AI_CCommand *AI_CParser::load_command(CString *pFilename)
 {
@@ -66,14 +63,10 @@ AI_CCommand *AI_CParser::load_random_command(AI_CLoadOptionList *pOptions, CStri
 {
     if (pOptions && pOptions->GetTotalProbability() >= kCertain)
         AI_RaiseParseError(AI_PE_PROBABILITY_SUM, Decimal(pOptions->GetTotalProbability()));
-    return AI_RequireValid(
-        Keep(AI_New<AI_CLoadRandomCommand>(pOptions, pFilename, m_pStrategy), pOptions, pFilename));
+    return AI_RequireValid(Keep(AI_New<AI_CLoadRandomCommand>(pOptions, pFilename, m_pStrategy), pOptions, pFilename));
 }
 
-AI_CLoadOptionList *AI_CParser::load_option_list()
-{
-    return nullptr;
-}
+AI_CLoadOptionList *AI_CParser::load_option_list() { return nullptr; }
 
 AI_CLoadOptionList *AI_CParser::load_option_list(AI_CLoadOptionList *pOptions, AI_CLoadOption *pOption)
 {
@@ -87,15 +80,9 @@ AI_CLoadOption *AI_CParser::load_option(int nProbability, CString *pFilename)
     return AI_RequireValid(Keep(AI_New<AI_CLoadOption>(nProbability, pFilename), pFilename));
 }
 
-CString *AI_CParser::opt_file_name()
-{
-    return nullptr;
-}
+CString *AI_CParser::opt_file_name() { return nullptr; }
 
-CString *AI_CParser::opt_file_name(CString *pFilename)
-{
-    return pFilename;
-}
+CString *AI_CParser::opt_file_name(CString *pFilename) { return pFilename; }
 
 AI_CCommand *AI_CParser::defrule_command(AI_CCEList *pCEs, AI_CActionList *pActions)
 {
@@ -114,10 +101,7 @@ AI_CCommand *AI_CParser::defconst_command(char const *pszName, int nValue)
     return AI_RequireValid(Keep(AI_New<AI_CDefconstCommand>(nSID, nValue, m_pStrategy)));
 }
 
-int AI_CParser::const_value(int nValue)
-{
-    return nValue;
-}
+int AI_CParser::const_value(int nValue) { return nValue; }
 
 int AI_CParser::const_value(unsigned int nSID)
 {
@@ -135,26 +119,15 @@ int AI_CParser::ConstantValue(unsigned int nSID) const
     return nValue != AI_NO_VALUE ? nValue : AI_Constant(nSID, 0);
 }
 
-AI_CCommand *AI_CParser::block(int bIf, unsigned int nSID, AI_CCommandList *pIfCommands,
-                               AI_CCommandList *pElseCommands)
+AI_CCommand *AI_CParser::block(int bIf, unsigned int nSID, AI_CCommandList *pIfCommands, AI_CCommandList *pElseCommands)
 {
     if (!AI_CBlock::IsDefineID(nSID))
         AI_RaiseParseError(AI_PE_DEFINE_EXPECTED, AI_String(nSID));
-    return AI_RequireValid(
-        Keep(AI_New<AI_CBlock>(bIf, nSID, pIfCommands, pElseCommands), pIfCommands, pElseCommands));
+    return AI_RequireValid(Keep(AI_New<AI_CBlock>(bIf, nSID, pIfCommands, pElseCommands), pIfCommands, pElseCommands));
 }
 
-int AI_CParser::if_dir(int nToken)
-{
-    return nToken == TOK_D_LOAD_IF_DEFINED ? 1 : 0;
-}
+int AI_CParser::if_dir(int nToken) { return nToken == TOK_D_LOAD_IF_DEFINED ? 1 : 0; }
 
-AI_CCommandList *AI_CParser::opt_else()
-{
-    return nullptr;
-}
+AI_CCommandList *AI_CParser::opt_else() { return nullptr; }
 
-AI_CCommandList *AI_CParser::opt_else(AI_CCommandList *pCommands)
-{
-    return pCommands;
-}
+AI_CCommandList *AI_CParser::opt_else(AI_CCommandList *pCommands) { return pCommands; }

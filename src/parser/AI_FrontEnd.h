@@ -117,7 +117,7 @@ auto AI_ReadScript(char const *pszFilename, WORK const &work)
             AI_ScanReset(pFile);
             std::fclose(pFile);
         }
-    } const closer{AI_OpenScript(pszFilename)};
+    } const closer {AI_OpenScript(pszFilename)};
     AI_ScanStart(closer.pFile);
     return work();
 }

@@ -60,10 +60,7 @@ void Append(char const *pszText)
 
 }  // namespace
 
-int AI_TokenCode(int nIndex)
-{
-    return kTokens[nIndex].nCode;
-}
+int AI_TokenCode(int nIndex) { return kTokens[nIndex].nCode; }
 
 char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable)
 {
@@ -83,4 +80,3 @@ char const *AI_SyntaxErrorMessage(AI_TokenSet const &acceptable)
     }
     return s_szMessage;
 }
-

@@ -71,30 +71,18 @@ long ConvertLong(char const *pszText, char **ppEnd)
 
 }  // namespace
 
-AI_CCEList *AI_CParser::ce_list(AI_CCE *pCE)
-{
-    return Append<AI_CCEList>(nullptr, pCE);
-}
+AI_CCEList *AI_CParser::ce_list(AI_CCE *pCE) { return Append<AI_CCEList>(nullptr, pCE); }
 
-AI_CCEList *AI_CParser::ce_list(AI_CCEList *pCEs, AI_CCE *pCE)
-{
-    return Append(pCEs, pCE);
-}
+AI_CCEList *AI_CParser::ce_list(AI_CCEList *pCEs, AI_CCE *pCE) { return Append(pCEs, pCE); }
 
-AI_CActionList *AI_CParser::action_list(AI_CAction *pAction)
-{
-    return Append<AI_CActionList>(nullptr, pAction);
-}
+AI_CActionList *AI_CParser::action_list(AI_CAction *pAction) { return Append<AI_CActionList>(nullptr, pAction); }
 
 AI_CActionList *AI_CParser::action_list(AI_CActionList *pActions, AI_CAction *pAction)
 {
     return Append(pActions, pAction);
 }
 
-AI_CCE *AI_CParser::conditional_element(AI_CCE *pCE)
-{
-    return pCE;
-}
+AI_CCE *AI_CParser::conditional_element(AI_CCE *pCE) { return pCE; }
 
 AI_CCE *AI_CParser::test_CE(unsigned int nSID, AI_CExprList *pExpressions)
 {
@@ -143,10 +131,7 @@ AI_CAction *AI_CParser::action(unsigned int nSID, AI_CExprList *pExpressions)
     return AI_RequireValid(Keep(AI_New<AI_CAction>(nSID, pExpressions), pExpressions));
 }
 
-AI_CExprList *AI_CParser::expr_list()
-{
-    return nullptr;
-}
+AI_CExprList *AI_CParser::expr_list() { return nullptr; }
 
 AI_CExprList *AI_CParser::expr_list(AI_CExprList *pExpressions, AI_CExpression *pExpression)
 {
@@ -180,15 +165,9 @@ AI_CExpression *AI_CParser::expression(unsigned int nSID)
     AI_RaiseParseError(AI_PE_EXPRESSION_EXPECTED, AI_String(nSID));
 }
 
-AI_CExpression *AI_CParser::expression(CString *pString)
-{
-    return Keep(AI_New<AI_CExpression>(pString), pString);
-}
+AI_CExpression *AI_CParser::expression(CString *pString) { return Keep(AI_New<AI_CExpression>(pString), pString); }
 
-AI_CExpression *AI_CParser::expression(int nValue)
-{
-    return Keep(AI_New<AI_CExpression>(nValue));
-}
+AI_CExpression *AI_CParser::expression(int nValue) { return Keep(AI_New<AI_CExpression>(nValue)); }
 
 // A loaded file lies in the directory of the file that loads it and has its
 // extension.
@@ -206,10 +185,7 @@ unsigned int AI_CParser::symbol(char const *pszText)
     return nSID;
 }
 
-CString *AI_CParser::string(char const *pszText)
-{
-    return Keep(AI_New<CString>(pszText));
-}
+CString *AI_CParser::string(char const *pszText) { return Keep(AI_New<CString>(pszText)); }
 
 unsigned int AI_CParser::rel_op(int nToken)
 {

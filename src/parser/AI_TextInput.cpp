@@ -17,7 +17,7 @@ struct RawInput
     char achBytes[kChunkSize];
     int nPos = 0;
     int nLength = 0;
-    int nEndOfText = 0;  // where the first 0x1A of the bytes lies, else nLength
+    int nEndOfText = 0;       // where the first 0x1A of the bytes lies, else nLength
     bool bEndOfFile = false;  // the descriptor has nothing more
     bool bEndOfText = false;  // a 0x1A was met
     bool bFailed = false;

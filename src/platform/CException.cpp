@@ -39,10 +39,7 @@ int CException::ReportError(UINT, UINT)
     return 0;
 }
 
-void CException::Delete()
-{
-    delete this;
-}
+void CException::Delete() { delete this; }
 
 namespace {
 
@@ -81,21 +78,26 @@ BOOL CMemoryException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT p
 
 CFileException::CFileException(int cause, LONG lOsError, LPCTSTR lpszFileName)
     : m_cause(cause), m_lOsError(lOsError), m_strFileName(lpszFileName)
-{
-}
+{}
 
 int CFileException::ErrnoToException(int nErrno)
 {
-    static struct { int nErrno; int cause; } const table[] = {
-        {ENOENT, fileNotFound},       {ENXIO, fileNotFound},
-        {ENOTDIR, badPath},           {ENAMETOOLONG, badPath},    {ELOOP, badPath},
-        {EMFILE, tooManyOpenFiles},   {ENFILE, tooManyOpenFiles},
-        {EACCES, accessDenied},       {EPERM, accessDenied},      {EROFS, accessDenied},
-        {EISDIR, accessDenied},       {EBADF, invalidFile},
-        {EBUSY, sharingViolation},    {ETXTBSY, sharingViolation},
-        {EDEADLK, lockViolation},     {ENOLCK, lockViolation},
-        {ESPIPE, badSeek},            {EIO, hardIO},              {EINVAL, hardIO},
-        {ENOSPC, diskFull},           {EFBIG, diskFull},          {EDQUOT, diskFull},
+    static struct
+    {
+        int nErrno;
+        int cause;
+    } const table[] = {
+        {ENOENT, fileNotFound},     {ENXIO, fileNotFound},
+        {ENOTDIR, badPath},         {ENAMETOOLONG, badPath},
+        {ELOOP, badPath},           {EMFILE, tooManyOpenFiles},
+        {ENFILE, tooManyOpenFiles}, {EACCES, accessDenied},
+        {EPERM, accessDenied},      {EROFS, accessDenied},
+        {EISDIR, accessDenied},     {EBADF, invalidFile},
+        {EBUSY, sharingViolation},  {ETXTBSY, sharingViolation},
+        {EDEADLK, lockViolation},   {ENOLCK, lockViolation},
+        {ESPIPE, badSeek},          {EIO, hardIO},
+        {EINVAL, hardIO},           {ENOSPC, diskFull},
+        {EFBIG, diskFull},          {EDQUOT, diskFull},
     };
     for (auto const &row : table)
         if (row.nErrno == nErrno)
@@ -135,7 +137,4 @@ void AfxThrowFileException(int cause, LONG lOsError, LPCTSTR lpszFileName)
     throw new CFileException(cause, lOsError, lpszFileName);
 }
 
-void AfxThrowMemoryException()
-{
-    throw new CMemoryException;
-}
+void AfxThrowMemoryException() { throw new CMemoryException; }

@@ -42,7 +42,7 @@ class CMap
         CAssoc *pNext = nullptr;
         CAssoc *pPrev = nullptr;
         UINT nBucket = 0;
-        VALUE value{};
+        VALUE value {};
     };
 
 public:

@@ -53,7 +53,7 @@ public:
     POSITION AddTail(ELEMENT newElement)
     {
         CNode *pNode = NewNode();
-        *pNode = CNode{{}, nullptr, m_pTail, newElement};
+        *pNode = CNode {{}, nullptr, m_pTail, newElement};
         (m_pTail ? m_pTail->pNext : m_pHead) = pNode;
         m_pTail = pNode;
         ++m_nCount;
@@ -106,8 +106,8 @@ private:
     CNode *m_pHead = nullptr;
     CNode *m_pTail = nullptr;
     CNode *m_pFree = nullptr;  // removed nodes, for the next insertions
-    int m_nCount = 0;        // an int beside the next one keeps a list small
-    int m_nInlineUsed = 0;  // inline nodes handed out since the list was empty
+    int m_nCount = 0;          // an int beside the next one keeps a list small
+    int m_nInlineUsed = 0;     // inline nodes handed out since the list was empty
     CNode m_inlineNodes[kInlineNodes];
 
     bool IsInline(CNode const *pNode) const

@@ -2,10 +2,7 @@
 
 CRuntimeClass CObject::classCObject = {"CObject", sizeof(CObject), 0xFFFF, nullptr, nullptr};
 
-CObject *CRuntimeClass::CreateObject()
-{
-    return m_pfnCreateObject ? m_pfnCreateObject() : nullptr;
-}
+CObject *CRuntimeClass::CreateObject() { return m_pfnCreateObject ? m_pfnCreateObject() : nullptr; }
 
 BOOL CRuntimeClass::IsDerivedFrom(CRuntimeClass const *pBaseClass) const
 {
@@ -21,7 +18,4 @@ void CObject::Serialize(CArchive &) {}
 void CObject::AssertValid() const {}
 void CObject::Dump(CDumpContext &) const {}
 
-BOOL CObject::IsKindOf(CRuntimeClass const *pClass) const
-{
-    return GetRuntimeClass()->IsDerivedFrom(pClass);
-}
+BOOL CObject::IsKindOf(CRuntimeClass const *pClass) const { return GetRuntimeClass()->IsDerivedFrom(pClass); }

@@ -70,11 +70,36 @@ private:
     }
 };
 
-inline CString operator+(CString const &a, CString const &b) { CString r(a); r += b; return r; }
-inline CString operator+(CString const &a, LPCTSTR b) { CString r(a); r += b; return r; }
-inline CString operator+(LPCTSTR a, CString const &b) { CString r(a); r += b; return r; }
-inline CString operator+(CString const &a, char b) { CString r(a); r += b; return r; }
-inline CString operator+(char a, CString const &b) { CString r(a); r += b; return r; }
+inline CString operator+(CString const &a, CString const &b)
+{
+    CString r(a);
+    r += b;
+    return r;
+}
+inline CString operator+(CString const &a, LPCTSTR b)
+{
+    CString r(a);
+    r += b;
+    return r;
+}
+inline CString operator+(LPCTSTR a, CString const &b)
+{
+    CString r(a);
+    r += b;
+    return r;
+}
+inline CString operator+(CString const &a, char b)
+{
+    CString r(a);
+    r += b;
+    return r;
+}
+inline CString operator+(char a, CString const &b)
+{
+    CString r(a);
+    r += b;
+    return r;
+}
 
 inline bool operator==(CString const &a, CString const &b) { return a.str() == b.str(); }
 inline bool operator==(CString const &a, LPCTSTR b) { return a.Compare(b) == 0; }
@@ -87,10 +112,11 @@ inline bool operator<(CString const &a, LPCTSTR b) { return a.Compare(b) < 0; }
 inline bool operator<(LPCTSTR a, CString const &b) { return b.Compare(a) > 0; }
 
 namespace std {
-template <> struct hash<CString>
+template <>
+struct hash<CString>
 {
     size_t operator()(CString const &s) const noexcept { return hash<string>()(s.str()); }
 };
-}
+}  // namespace std
 
 #endif

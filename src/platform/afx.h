@@ -4,14 +4,14 @@
 #ifndef STRATAGEM_PLATFORM_AFX_H
 #define STRATAGEM_PLATFORM_AFX_H
 
+#include "CArray.h"
+#include "CException.h"
+#include "CMap.h"
+#include "CObList.h"
+#include "CObject.h"
+#include "CString.h"
+#include "crt.h"
 #include "export.h"
 #include "types.h"
-#include "CString.h"
-#include "CObject.h"
-#include "CObList.h"
-#include "CArray.h"
-#include "CMap.h"
-#include "CException.h"
-#include "crt.h"
 
 #endif

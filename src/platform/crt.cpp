@@ -15,10 +15,7 @@ int rand()
     return static_cast<int>((g_randState >> 16) & kRandMax);
 }
 
-void srand(unsigned int seed)
-{
-    g_randState = seed;
-}
+void srand(unsigned int seed) { g_randState = seed; }
 
 void SplitPath(char const *path, CString &drive, CString &dir, CString &fname, CString &ext)
 {

@@ -14,7 +14,8 @@ typedef UINT *PUINT;
 typedef int INT_PTR;
 
 // An opaque iterator into a list or map; null means "no position".
-struct __POSITION {};
+struct __POSITION
+{};
 typedef __POSITION *POSITION;
 
 #ifndef TRUE

@@ -11,7 +11,10 @@ namespace tok = stratagem::token;
 
 namespace {
 
-bool Before(int line, int column, Cursor cursor) { return std::tie(line, column) < std::tie(cursor.line, cursor.column); }
+bool Before(int line, int column, Cursor cursor)
+{
+    return std::tie(line, column) < std::tie(cursor.line, cursor.column);
+}
 
 bool StartsBefore(Token const &token, Cursor cursor) { return Before(token.range.line, token.range.column, cursor); }
 
@@ -98,8 +101,8 @@ Place HeadPlace(std::vector<Token> const &tokens, int open)
 
 bool IsWordToken(Token const &token)
 {
-    return token.code == tok::Symbol || token.code == tok::Integer ||
-           (token.code >= tok::Defrule && token.code <= tok::EndIf);
+    return token.code == tok::Symbol || token.code == tok::Integer
+        || (token.code >= tok::Defrule && token.code <= tok::EndIf);
 }
 
 bool IsStringToken(Token const &token) { return token.code == tok::String; }
@@ -120,18 +123,18 @@ CursorContext ContextAt(std::vector<Token> const &tokens, Cursor cursor)
 {
     CursorContext context;
     context.prefixRange = {cursor.line, cursor.column, cursor.line, cursor.column - 1};
-    int const before = static_cast<int>(
-        std::partition_point(tokens.begin(), tokens.end(),
-                             [&](Token const &token) { return StartsBefore(token, cursor); }) -
-        tokens.begin());
+    int const before
+        = static_cast<int>(std::partition_point(tokens.begin(), tokens.end(),
+                                                [&](Token const &token) { return StartsBefore(token, cursor); })
+                           - tokens.begin());
     int last = before - 1;
     if (last >= 0) {
         Token const &token = tokens[last];
         if (IsStringToken(token) && InsideString(token, cursor)) {
             Enclosing const list = EnclosingList(tokens, last - 1);
             int const head = list.open + 1;
-            bool const load = list.open >= 0 && head < last &&
-                              (tokens[head].code == tok::Load || tokens[head].code == tok::LoadRandom);
+            bool const load = list.open >= 0 && head < last
+                && (tokens[head].code == tok::Load || tokens[head].code == tok::LoadRandom);
             if (load && token.range.line == cursor.line) {
                 context.place = Place::LoadString;
                 context.prefix = token.text.substr(1, cursor.column - token.range.column - 1);

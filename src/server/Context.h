@@ -13,14 +13,14 @@ namespace stratagem::server {
 
 enum class Place
 {
-    Nothing,      // nowhere anything can be completed
-    Command,      // the keyword of a top-level command: defrule, defconst, load ...
-    Directive,    // after '#': load-if-defined, else ...
-    Define,       // the word after #load-if-defined / #load-if-not-defined
-    Condition,    // the head of a condition: a fact or not/and/or ...
-    Action,       // the head of an action
-    Argument,     // an argument of a fact or action
-    LoadString    // inside the file name string of a load
+    Nothing,    // nowhere anything can be completed
+    Command,    // the keyword of a top-level command: defrule, defconst, load ...
+    Directive,  // after '#': load-if-defined, else ...
+    Define,     // the word after #load-if-defined / #load-if-not-defined
+    Condition,  // the head of a condition: a fact or not/and/or ...
+    Action,     // the head of an action
+    Argument,   // an argument of a fact or action
+    LoadString  // inside the file name string of a load
 };
 
 struct Cursor
@@ -32,10 +32,10 @@ struct Cursor
 struct CursorContext
 {
     Place place = Place::Nothing;
-    unsigned int function = 0;  // the fact or action whose argument list the cursor is in
-    int argument = -1;          // 0-based argument index in that list
-    std::string prefix;         // the part of the word (or string) before the cursor
-    Range prefixRange;          // where the prefix stands (empty when there is none)
+    unsigned int function = 0;       // the fact or action whose argument list the cursor is in
+    int argument = -1;               // 0-based argument index in that list
+    std::string prefix;              // the part of the word (or string) before the cursor
+    Range prefixRange;               // where the prefix stands (empty when there is none)
     Token const *current = nullptr;  // the token under or just before the cursor, if a word
 };
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "Text.h"
 #include "../check/Check.h"
+#include "Text.h"
 
 namespace stratagem::server {
 

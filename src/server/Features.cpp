@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <set>
 
-#include "Uri.h"
 #include "../vocabulary/AI_Vocabulary.h"
+#include "Uri.h"
 
 namespace stratagem::server {
 
@@ -80,8 +80,8 @@ Json Item(std::string const &label, int kind, std::string const &detail, Json co
 }
 
 // Every constant the strategy defines, by name, with its definitions.
-std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>> ConstantsOf(
-    CheckReport const *report)
+std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>>
+ConstantsOf(CheckReport const *report)
 {
     std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>> constants;
     if (!report)
@@ -95,8 +95,8 @@ std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefiniti
 bool Contains(Range const &range, Cursor cursor)
 {
     auto const key = [](int line, int column) { return std::make_pair(line, column); };
-    return !(key(cursor.line, cursor.column) < key(range.line, range.column)) &&
-           !(key(range.endLine, range.endColumn) < key(cursor.line, cursor.column));
+    return !(key(cursor.line, cursor.column) < key(range.line, range.column))
+        && !(key(range.endLine, range.endColumn) < key(cursor.line, cursor.column));
 }
 
 int OutlineSymbolKind(OutlineKind kind)
@@ -155,8 +155,7 @@ VocabularyWords const &VocabularyWords::Get()
 
 Features::Features(DocumentStore &documents, Workspace const &workspace)
     : m_documents(documents), m_workspace(workspace)
-{
-}
+{}
 
 Text Features::TextOf(std::string const &path) const
 {
@@ -189,8 +188,8 @@ std::string Features::HoverText(Document &document, Token const &token)
     if (constant != constants.end()) {
         std::string text;
         for (auto const &[file, definition] : constant->second)
-            text += "`" + token.text + "` = " + std::to_string(definition->value) + " (defined at " + file->file + ":" +
-                    std::to_string(definition->nameRange.line) + ")\n\n";
+            text += "`" + token.text + "` = " + std::to_string(definition->value) + " (defined at " + file->file + ":"
+                + std::to_string(definition->nameRange.line) + ")\n\n";
         return text;
     }
     unsigned int const sid = AI_Symbol(token.text.c_str());
@@ -210,8 +209,8 @@ std::string Features::HoverText(Document &document, Token const &token)
     if (AI_IsDefine(sid)) {
         int value = 0;
         SettingsField const *field = DefineField(sid, value);
-        std::string const test = field ? "`" + std::string(field->pszName) + "` is " + std::to_string(value)
-                                       : "a game setting";
+        std::string const test
+            = field ? "`" + std::string(field->pszName) + "` is " + std::to_string(value) : "a game setting";
         return "`" + token.text + "`: define word, holds when " + test;
     }
     return {};
@@ -281,8 +280,8 @@ Json Features::CompletionItems(CursorContext const &context, Document const &doc
         if (AcceptsIntegers(type)) {
             for (auto const &[name, definitions] : ConstantsOf(m_workspace.ContextOf(document.path).report))
                 if (AI_IsOfType(type, definitions.front().second->value))
-                    items.push_back(Item(name, kItemConstant, "= " + std::to_string(definitions.front().second->value),
-                                         edit));
+                    items.push_back(
+                        Item(name, kItemConstant, "= " + std::to_string(definitions.front().second->value), edit));
             // The integer range itself, as an entry that inserts nothing.
             Json range = Item(accepted, kItemValue, "", Json());
             range["insertText"] = "";
@@ -402,7 +401,7 @@ Json Features::Definition(Json const &params)
         for (LoadReference const &load : context.file->loads) {
             if (!Contains(load.stringRange, target.cursor))
                 continue;
-            Json const start = ToJson(Position{});
+            Json const start = ToJson(Position {});
             return {{"uri", PathToUri(m_workspace.PathOf(load.target))}, {"range", {{"start", start}, {"end", start}}}};
         }
     }

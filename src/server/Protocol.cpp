@@ -12,8 +12,8 @@ int IntegerFrom(Json const &json)
     if (!json.is_number_integer())
         throw Json::type_error::create(302, "an integer is expected", &json);
     long long const value = json.is_number_unsigned() && json.get<unsigned long long>() > INT_MAX
-                                ? static_cast<long long>(INT_MAX) + 1
-                                : json.get<long long>();
+        ? static_cast<long long>(INT_MAX) + 1
+        : json.get<long long>();
     if (value < INT_MIN || value > INT_MAX)
         throw Json::out_of_range::create(406, "the integer is out of range", &json);
     return static_cast<int>(value);
@@ -46,7 +46,7 @@ Json ToJson(Text const &text, Range const &range)
 Cursor ToCursor(Text const &text, Position position)
 {
     int const line = std::min(position.line, text.LineCount() - 1);
-    Position const clamped = line == position.line ? position : Position{line, 1 << 30};
+    Position const clamped = line == position.line ? position : Position {line, 1 << 30};
     return {line + 1, text.ByteColumn(clamped) + 1};
 }
 
@@ -65,8 +65,9 @@ Json ToJson(Text const &text, Diagnostic const &diagnostic,
         Json related = Json::array();
         for (LoadStep const &step : diagnostic.loadedFrom) {
             Json const position = {{"line", std::max(step.line - 1, 0)}, {"character", std::max(step.column - 1, 0)}};
-            related.push_back({{"location", {{"uri", uriOf(step.file)}, {"range", {{"start", position}, {"end", position}}}}},
-                               {"message", "loaded from here"}});
+            related.push_back(
+                {{"location", {{"uri", uriOf(step.file)}, {"range", {{"start", position}, {"end", position}}}}},
+                 {"message", "loaded from here"}});
         }
         json["relatedInformation"] = related;
     }

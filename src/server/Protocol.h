@@ -7,9 +7,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include "../check/Check.h"
 #include "Context.h"
 #include "Text.h"
-#include "../check/Check.h"
 
 namespace stratagem::server {
 
@@ -28,7 +28,8 @@ Cursor ToCursor(Text const &text, Position position);
 
 // A diagnostic as publishDiagnostics carries it: hints appended to the
 // message, the load chain as related information.
-Json ToJson(Text const &text, Diagnostic const &diagnostic, std::function<std::string(std::string const &)> const &uriOf);
+Json ToJson(Text const &text, Diagnostic const &diagnostic,
+            std::function<std::string(std::string const &)> const &uriOf);
 
 // True when a checker range and a protocol range share a position.
 bool Overlaps(Text const &text, Range const &range, TextRange const &other);

@@ -2,9 +2,9 @@
 
 #include <new>
 
-#include "Uri.h"
 #include "../platform/CException.h"
 #include "../vocabulary/AI_Vocabulary.h"
+#include "Uri.h"
 
 namespace stratagem::server {
 
@@ -53,7 +53,12 @@ Server::Server(std::ostream &out, ReadLimits limits, SourceProvider const *disk)
 {
     m_requests = {
         {"initialize", [this](Json const &params) { return Initialize(params); }},
-        {"shutdown", [this](Json const &) { m_shutdownRequested = true; m_state = State::ShutDown; return Json(); }},
+        {"shutdown",
+         [this](Json const &) {
+             m_shutdownRequested = true;
+             m_state = State::ShutDown;
+             return Json();
+         }},
         {"textDocument/hover", [this](Json const &params) { return m_features.Hover(params); }},
         {"textDocument/completion", [this](Json const &params) { return m_features.Completion(params); }},
         {"textDocument/signatureHelp", [this](Json const &params) { return m_features.SignatureHelp(params); }},
@@ -83,8 +88,8 @@ int Server::Run(std::istream &in)
             Handle(body);
             break;
         case ReadStatus::TooLarge:
-            Fail(nullptr, kInvalidRequest, "Message too large: the limit is " + std::to_string(m_limits.maxBodyBytes) +
-                                               " bytes");
+            Fail(nullptr, kInvalidRequest,
+                 "Message too large: the limit is " + std::to_string(m_limits.maxBodyBytes) + " bytes");
             break;
         case ReadStatus::BadHeader:
             Fail(nullptr, kParseError, "Malformed message header: a Content-Length field is required");
@@ -286,8 +291,8 @@ void Server::Configure(Json const &options)
         } catch (Json::exception const &) {
         }
         if (value < range.nMin || value > range.nMax) {
-            Warn("settings: " + field.key() + " takes an integer from " + std::to_string(range.nMin) + " to " +
-                 std::to_string(range.nMax));
+            Warn("settings: " + field.key() + " takes an integer from " + std::to_string(range.nMin) + " to "
+                 + std::to_string(range.nMax));
             continue;
         }
         settings.settings.*known->pField = value;
@@ -322,7 +327,8 @@ void Server::DidChange(Json const &params)
         content.text = change.at("text").get<std::string>();
         changes.push_back(std::move(content));
     }
-    int const version = document.contains("version") && !document["version"].is_null() ? IntegerFrom(document["version"]) : 0;
+    int const version
+        = document.contains("version") && !document["version"].is_null() ? IntegerFrom(document["version"]) : 0;
     if (m_documents.Change(document.at("uri").get<std::string>(), version, changes))
         Reanalyse({PathOfUri(params)});
 }

@@ -5,10 +5,10 @@
 #define STRATAGEM_SERVER_SERVER_H
 
 #include <functional>
-#include <set>
 #include <istream>
 #include <map>
 #include <ostream>
+#include <set>
 #include <string>
 
 #include <nlohmann/json.hpp>

@@ -55,7 +55,7 @@ private:
     std::size_t LineEnd(int line) const;
 
     std::string m_content;
-    std::vector<std::size_t> m_lineStarts{0};
+    std::vector<std::size_t> m_lineStarts {0};
 };
 
 // The UTF-16 length of UTF-8 text; a malformed byte counts as one unit.

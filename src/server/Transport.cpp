@@ -162,8 +162,7 @@ bool MessageReader::Skip(unsigned long long count)
 {
     char buffer[64 * 1024];
     while (count > 0) {
-        std::streamsize const chunk =
-            static_cast<std::streamsize>(count < sizeof buffer ? count : sizeof buffer);
+        std::streamsize const chunk = static_cast<std::streamsize>(count < sizeof buffer ? count : sizeof buffer);
         m_in.read(buffer, chunk);
         if (m_in.gcount() != chunk)
             return false;

@@ -23,8 +23,8 @@ int HexValue(char c)
 
 bool Unreserved(unsigned char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '.' ||
-           c == '_' || c == '~' || c == '/';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '.'
+        || c == '_' || c == '~' || c == '/';
 }
 
 std::string CurrentDirectory()
@@ -87,7 +87,8 @@ std::string PathToUri(std::string const &path)
 
 std::string NormalPath(std::string const &path, std::string const &base)
 {
-    std::string const full = !path.empty() && path[0] == '/' ? path : (base.empty() ? CurrentDirectory() : base) + "/" + path;
+    std::string const full
+        = !path.empty() && path[0] == '/' ? path : (base.empty() ? CurrentDirectory() : base) + "/" + path;
     std::vector<std::string> steps;
     std::size_t i = 0;
     while (i <= full.size()) {

@@ -73,9 +73,9 @@ std::vector<FileDiagnostics> Workspace::Analyse(std::set<std::string> const &cha
     // analysed in that strategy only, never on its own.
     auto const refresh = [&](std::string const &main) {
         auto const found = m_analyses.find(main);
-        bool const stale = all || found == m_analyses.end() ||
-                           std::any_of(changed.begin(), changed.end(),
-                                       [&](std::string const &path) { return found->second.files.count(path); });
+        bool const stale = all || found == m_analyses.end()
+            || std::any_of(changed.begin(), changed.end(),
+                           [&](std::string const &path) { return found->second.files.count(path); });
         if (stale)
             Run(main, m_analyses[main]);
     };

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "Documents.h"
 #include "../check/Check.h"
+#include "Documents.h"
 
 namespace stratagem::server {
 

@@ -10,8 +10,7 @@ AI_CStrategy::AI_CStrategy() : m_gsSettings(AI_gsSettings) {}
 
 AI_CStrategy::AI_CStrategy(char const *pszName, char const *pszFilename, AI_GameSettings const &gsSettings)
     : m_strName(pszName), m_strFilename(pszFilename), m_gsSettings(gsSettings)
-{
-}
+{}
 
 AI_CStrategy::~AI_CStrategy()
 {
@@ -21,17 +20,11 @@ AI_CStrategy::~AI_CStrategy()
     m_mapCommandLists.RemoveAll();
 }
 
-int AI_CStrategy::Define(unsigned int nSID) const
-{
-    return AI_DefineFor(m_gsSettings, nSID);
-}
+int AI_CStrategy::Define(unsigned int nSID) const { return AI_DefineFor(m_gsSettings, nSID); }
 
 // ---- extra files ----------------------------------------------------------
 
-int AI_CStrategy::AddFilename(char const *pszFilename)
-{
-    return m_aFilenames.Add(pszFilename);
-}
+int AI_CStrategy::AddFilename(char const *pszFilename) { return m_aFilenames.Add(pszFilename); }
 
 char const *AI_CStrategy::Filename(int nIndex) const
 {
@@ -40,10 +33,7 @@ char const *AI_CStrategy::Filename(int nIndex) const
     return m_aFilenames[nIndex];
 }
 
-void AI_CStrategy::DeleteFilenames()
-{
-    m_aFilenames.RemoveAll();
-}
+void AI_CStrategy::DeleteFilenames() { m_aFilenames.RemoveAll(); }
 
 // ---- constants --------------------------------------------------------------
 

@@ -27,10 +27,12 @@ void CommentLine(std::ostream &os, int nLevel, char const *pszText)
 // The order of the settings section: the civilization comes before the two
 // flags of fields 10 and 11.
 int AI_GameSettings::*const s_apListingOrder[] = {
-    &AI_GameSettings::bDeathMatch,   &AI_GameSettings::bRegicide,         &AI_GameSettings::nStartingAge,
-    &AI_GameSettings::nStartingResources, &AI_GameSettings::nMapSize,     &AI_GameSettings::nMapType,
-    &AI_GameSettings::nVictoryCondition,  &AI_GameSettings::nDifficulty,  &AI_GameSettings::nPopulationCap,
-    &AI_GameSettings::nCiv,          &AI_GameSettings::bGameSpeedLocked,  &AI_GameSettings::bTeamsLocked,
+    &AI_GameSettings::bDeathMatch,       &AI_GameSettings::bRegicide,
+    &AI_GameSettings::nStartingAge,      &AI_GameSettings::nStartingResources,
+    &AI_GameSettings::nMapSize,          &AI_GameSettings::nMapType,
+    &AI_GameSettings::nVictoryCondition, &AI_GameSettings::nDifficulty,
+    &AI_GameSettings::nPopulationCap,    &AI_GameSettings::nCiv,
+    &AI_GameSettings::bGameSpeedLocked,  &AI_GameSettings::bTeamsLocked,
 };
 
 AI_SettingsField const &FieldOf(int AI_GameSettings::*pField)

@@ -4,8 +4,8 @@ IMPLEMENT_DYNAMIC(AI_CFunction, CObject)
 
 AI_CFunction::AI_CFunction() : m_nSID(0) {}
 
-AI_CFunction::AI_CFunction(unsigned int nSID, char const *pszName, int nParam1, int nParam2, int nParam3,
-                           int nParam4, int nParam5, int nParam6)
+AI_CFunction::AI_CFunction(unsigned int nSID, char const *pszName, int nParam1, int nParam2, int nParam3, int nParam4,
+                           int nParam5, int nParam6)
     : m_nSID(nSID), m_strName(pszName)
 {
     // 0 marks an absent parameter; it is skipped, not a terminator.

@@ -40,8 +40,8 @@ AI_CFunction const *AI_Fact(unsigned int nSID) { return Find(vocabulary::TheRegi
 
 AI_CFunction const *AI_Action(unsigned int nSID) { return Find(vocabulary::TheRegistry().actions, nSID); }
 
-void AI_AddFact(unsigned int nSID, char const *pszName, int nParam1, int nParam2, int nParam3, int nParam4,
-                int nParam5, int nParam6)
+void AI_AddFact(unsigned int nSID, char const *pszName, int nParam1, int nParam2, int nParam3, int nParam4, int nParam5,
+                int nParam6)
 {
     platform::Allocating([&] {
         Add(vocabulary::TheRegistry().facts,

@@ -11,8 +11,8 @@ STRATAGEM_API AI_CFunction const *AI_Action(unsigned int nSID);
 
 // Interns the name and enters a new signature (zero codes skipped), taking
 // the place of any signature held for the SID. The SID's range is not tested.
-STRATAGEM_API void AI_AddFact(unsigned int nSID, char const *pszName, int nParam1 = 0, int nParam2 = 0,
-                              int nParam3 = 0, int nParam4 = 0, int nParam5 = 0, int nParam6 = 0);
+STRATAGEM_API void AI_AddFact(unsigned int nSID, char const *pszName, int nParam1 = 0, int nParam2 = 0, int nParam3 = 0,
+                              int nParam4 = 0, int nParam5 = 0, int nParam6 = 0);
 STRATAGEM_API void AI_AddAction(unsigned int nSID, char const *pszName, int nParam1 = 0, int nParam2 = 0,
                                 int nParam3 = 0, int nParam4 = 0, int nParam5 = 0, int nParam6 = 0);
 

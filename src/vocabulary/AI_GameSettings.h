@@ -19,7 +19,7 @@ struct AI_GameSettings
     int nPopulationCap;      // 25 * (value + 1)
     int bGameSpeedLocked;
     int bTeamsLocked;
-    int nCiv;                // 0 gaia, 1 briton .. 13 viking
+    int nCiv;  // 0 gaia, 1 briton .. 13 viking
 };
 
 // One field of the settings record and the define SIDs that test it. A

@@ -101,7 +101,4 @@ int AI_IsOfType(int nType, int nValue)
     return rule.bInts && nValue >= rule.nMin && nValue <= rule.nMax ? 1 : 0;
 }
 
-int AI_IsOfType(int nType, CString const &)
-{
-    return nType == AI_PT_STRING ? 1 : 0;
-}
+int AI_IsOfType(int nType, CString const &) { return nType == AI_PT_STRING ? 1 : 0; }

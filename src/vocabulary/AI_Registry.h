@@ -29,7 +29,7 @@ struct Symbol
 struct Registry
 {
     std::unordered_map<std::string_view, Symbol> symbols;  // name -> SID
-    std::unordered_map<unsigned int, std::string> names;    // SID -> name
+    std::unordered_map<unsigned int, std::string> names;   // SID -> name
     // Whether a SID below kDenseSids has a name: the kind tests ask for
     // every argument of a script, and a bit is found faster than a node.
     std::vector<bool> named;

@@ -65,7 +65,7 @@ std::vector<DefineWord> DefineWords(SettingsField const &field)
 
 ValueRange FieldRange(SettingsField const &field)
 {
-    ValueRange range{0, 1};
+    ValueRange range {0, 1};
     if (!field.IsFlag()) {
         range.nMax = 0;
         for (DefineWord const &word : DefineWords(field))

@@ -27,7 +27,7 @@ void Intern(char const *pszName, unsigned int nSID)
         } else {
             // Entered under the caller's text, then keyed by its own copy;
             // the node stays where it is, so the view stays valid.
-            auto node = r.symbols.extract(r.symbols.emplace(pszText, Symbol{nSID, pszText}).first);
+            auto node = r.symbols.extract(r.symbols.emplace(pszText, Symbol {nSID, pszText}).first);
             node.key() = node.mapped().spelling;
             r.symbols.insert(std::move(node));
         }
@@ -97,19 +97,12 @@ int IsKind(KindRange const &kind, unsigned int nSID)
 
 }  // namespace
 
-unsigned int AI_Symbol(char const *pszName)
-{
-    return pszName ? vocabulary::Find(pszName) : 0;
-}
+unsigned int AI_Symbol(char const *pszName) { return pszName ? vocabulary::Find(pszName) : 0; }
 
-CString AI_String(unsigned int nSID)
-{
-    return CString(vocabulary::NameOf(nSID));
-}
+CString AI_String(unsigned int nSID) { return CString(vocabulary::NameOf(nSID)); }
 
 int AI_IsDefine(unsigned int nSID) { return IsKind(kDefines, nSID); }
 int AI_IsFact(unsigned int nSID) { return IsKind(kFacts, nSID); }
 int AI_IsAction(unsigned int nSID) { return IsKind(kActions, nSID); }
 int AI_IsParam(unsigned int nSID) { return IsKind(kParams, nSID); }
 int AI_IsConstant(unsigned int nSID) { return IsKind(kConstants, nSID); }
-

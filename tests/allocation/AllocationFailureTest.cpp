@@ -5,12 +5,12 @@
 // it allocated, and leave the library able to repeat the run exactly.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <ostream>
-#include <streambuf>
-#include <algorithm>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -112,10 +112,10 @@ std::string WithConstantsSorted(std::string const &text)
 
 struct Outcome
 {
-    std::string error;         // empty on success, else the exception's class
-    std::string listing;       // the listing and the walk, on success
-    long nAllocations = 0;     // allocations the run made
-    long nLeaked = 0;          // allocations it did not free
+    std::string error;      // empty on success, else the exception's class
+    std::string listing;    // the listing and the walk, on success
+    long nAllocations = 0;  // allocations the run made
+    long nLeaked = 0;       // allocations it did not free
 };
 
 // Registration, analysis of the sample strategy, its listing, the walk over

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <regex>
 #include <set>
@@ -17,8 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 // Lowest first.
-std::vector<std::string> const kLayers = {"platform", "vocabulary", "objects", "strategy",
-                                          "parser",   "analysis",   "check",    "server"};
+std::vector<std::string> const kLayers
+    = {"platform", "vocabulary", "objects", "strategy", "parser", "analysis", "check", "server"};
 
 int Rank(std::string const &folder)
 {
@@ -51,10 +51,7 @@ std::map<fs::path, std::vector<fs::path>> IncludeGraph()
     return graph;
 }
 
-std::string FolderOf(fs::path const &file)
-{
-    return file.parent_path().filename().string();
-}
+std::string FolderOf(fs::path const &file) { return file.parent_path().filename().string(); }
 
 TEST(Layers, EachFolderIncludesOnlyFoldersBelowIt)
 {
@@ -95,8 +92,9 @@ TEST(Layers, TheLayerListNamesEveryFolder)
 {
     std::set<std::string> folders;
     for (auto const &entry : fs::directory_iterator(fs::path(STRATAGEM_SOURCE_DIR) / "src"))
-        if (entry.is_directory())
+        if (entry.is_directory()) {
             EXPECT_GE(Rank(entry.path().filename().string()), 0) << entry.path();
+        }
 }
 
 }  // namespace

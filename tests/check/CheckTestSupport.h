@@ -57,8 +57,8 @@ protected:
 inline std::string Where(stratagem::Diagnostic const &d)
 {
     std::ostringstream out;
-    out << d.file << ":" << d.range.line << ":" << d.range.column << "-" << d.range.endLine << ":"
-        << d.range.endColumn << " " << d.code;
+    out << d.file << ":" << d.range.line << ":" << d.range.column << "-" << d.range.endLine << ":" << d.range.endColumn
+        << " " << d.code;
     return out.str();
 }
 

@@ -40,8 +40,7 @@ CodeCase const kCodeCases[] = {
 };
 
 class Diagnostics : public CheckTest
-{
-};
+{};
 
 TEST_F(Diagnostics, EachCodePointsAtItsToken)
 {
@@ -144,7 +143,8 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         EXPECT_EQ(row.pszFix, first.fixes.front().text);
         stratagem::Range const &fix = first.fixes.front().range;
         EXPECT_EQ(std::make_pair(first.range.line, first.range.column), std::make_pair(fix.line, fix.column));
-        EXPECT_EQ(std::make_pair(first.range.endLine, first.range.endColumn), std::make_pair(fix.endLine, fix.endColumn));
+        EXPECT_EQ(std::make_pair(first.range.endLine, first.range.endColumn),
+                  std::make_pair(fix.endLine, fix.endColumn));
     }
 }
 
@@ -168,8 +168,8 @@ TEST_F(Diagnostics, ArgumentHintsGiveTheSignatureAndAcceptedValues)
 
 TEST_F(Diagnostics, UnopenableFileIsReportedAtItsNameWithTheChain)
 {
-    stratagem::CheckReport report =
-        Run("(load \"a\")\n", {{"a.per", "(defrule (true) => (do-nothing))\n  (load \"gone\")"}});
+    stratagem::CheckReport report
+        = Run("(load \"a\")\n", {{"a.per", "(defrule (true) => (do-nothing))\n  (load \"gone\")"}});
     ASSERT_EQ(1u, report.diagnostics.size());
     stratagem::Diagnostic const &d = report.diagnostics[0];
     EXPECT_EQ("a.per:2:9-2:14 E100", Where(d));

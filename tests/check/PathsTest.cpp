@@ -9,20 +9,17 @@
 namespace {
 
 class Paths : public CheckTest
-{
-};
+{};
 
 TEST_F(Paths, EveryBrokenCommandIsReported)
 {
-    stratagem::CheckReport report = Run(
-        "(defrule (tru) => (do-nothing))\n"
-        "(defrule (true) => (do-nothing)\n"
-        "(defrule (true) => (do-nothng))\n"
-        "(defconst x 1) ) (defrule (true) => (do-nothing))\n"
-        "(defrule (goal x 1 2) => (do-nothing))\n");
-    EXPECT_EQ((std::vector<std::string>{"main.per:1:11-1:13 E007", "main.per:3:2-3:8 E001",
-                                        "main.per:3:21-3:29 E007", "main.per:4:16-4:16 E001",
-                                        "main.per:5:11-5:14 E008"}),
+    stratagem::CheckReport report = Run("(defrule (tru) => (do-nothing))\n"
+                                        "(defrule (true) => (do-nothing)\n"
+                                        "(defrule (true) => (do-nothng))\n"
+                                        "(defconst x 1) ) (defrule (true) => (do-nothing))\n"
+                                        "(defrule (goal x 1 2) => (do-nothing))\n");
+    EXPECT_EQ((std::vector<std::string> {"main.per:1:11-1:13 E007", "main.per:3:2-3:8 E001", "main.per:3:21-3:29 E007",
+                                         "main.per:4:16-4:16 E001", "main.per:5:11-5:14 E008"}),
               Where(report));
     EXPECT_EQ(5, report.errors);
 }
@@ -30,20 +27,19 @@ TEST_F(Paths, EveryBrokenCommandIsReported)
 TEST_F(Paths, ScannerErrorsComeInTokenOrder)
 {
     stratagem::CheckReport report = Run("(defrule (tru) => $ (do-nothing 99999999999))\n(defrule (true) => @)");
-    EXPECT_EQ((std::vector<std::string>{"main.per:1:11-1:13 E007", "main.per:1:19-1:19 E000",
-                                        "main.per:1:33-1:43 E002", "main.per:2:20-2:20 E000"}),
+    EXPECT_EQ((std::vector<std::string> {"main.per:1:11-1:13 E007", "main.per:1:19-1:19 E000",
+                                         "main.per:1:33-1:43 E002", "main.per:2:20-2:20 E000"}),
               Where(report));
 }
 
 TEST_F(Paths, AnErrorInsideABlockResumesAfterTheBlock)
 {
-    stratagem::CheckReport report = Run(
-        "#load-if-defined GIANT-MAP\n"
-        "  (defrule (tru) => (do-nothing))\n"
-        "  (defrule (fals) => (do-nothing))\n"
-        "#end-if\n"
-        "(defrule (true) => (do-nothng))\n");
-    EXPECT_EQ((std::vector<std::string>{"main.per:2:13-2:15 E007", "main.per:5:21-5:29 E007"}), Where(report));
+    stratagem::CheckReport report = Run("#load-if-defined GIANT-MAP\n"
+                                        "  (defrule (tru) => (do-nothing))\n"
+                                        "  (defrule (fals) => (do-nothing))\n"
+                                        "#end-if\n"
+                                        "(defrule (true) => (do-nothng))\n");
+    EXPECT_EQ((std::vector<std::string> {"main.per:2:13-2:15 E007", "main.per:5:21-5:29 E007"}), Where(report));
 }
 
 TEST_F(Paths, ABrokenFileDoesNotHideTheNextOne)
@@ -52,12 +48,12 @@ TEST_F(Paths, ABrokenFileDoesNotHideTheNextOne)
                                         {{"a.per", "(defrule (tru) => (do-nothing))\n(load \"c\")"},
                                          {"b.per", "(defrule (true) => (do-nothng))"},
                                          {"c.per", "(defrule (true) => (resign 1))"}});
-    EXPECT_EQ((std::vector<std::string>{"a.per:1:11-1:13 E007", "c.per:1:21-1:26 E008", "b.per:1:21-1:29 E007"}),
+    EXPECT_EQ((std::vector<std::string> {"a.per:1:11-1:13 E007", "c.per:1:21-1:26 E008", "b.per:1:21-1:29 E007"}),
               Where(report));
     ASSERT_EQ(4u, report.files.size());
-    EXPECT_EQ((std::vector<std::string>{"main.per", "a.per", "c.per", "b.per"}),
-              (std::vector<std::string>{report.files[0].file, report.files[1].file, report.files[2].file,
-                                        report.files[3].file}));
+    EXPECT_EQ((std::vector<std::string> {"main.per", "a.per", "c.per", "b.per"}),
+              (std::vector<std::string> {report.files[0].file, report.files[1].file, report.files[2].file,
+                                         report.files[3].file}));
     ASSERT_EQ(2u, report.diagnostics[1].loadedFrom.size());
     EXPECT_EQ("a.per", report.diagnostics[1].loadedFrom[1].file);
     EXPECT_EQ(2, report.diagnostics[1].loadedFrom[1].line);
@@ -65,34 +61,37 @@ TEST_F(Paths, ABrokenFileDoesNotHideTheNextOne)
 
 TEST_F(Paths, BothBranchesOfEveryBlockAndEveryOptionAreRead)
 {
-    stratagem::CheckReport report = Run(
-        "#load-if-defined GIANT-MAP\n"
-        "  (load \"big\")\n"
-        "#else\n"
-        "  #load-if-not-defined TINY-MAP (load \"mid\") #else (load \"tiny\") #end-if\n"
-        "#end-if\n"
-        "(load-random 10 \"r1\" 20 \"r2\" \"r3\")\n",
-        {{"big.per", "(tru)"}, {"mid.per", "(tru)"}, {"tiny.per", "(tru)"},
-         {"r1.per", "(tru)"}, {"r2.per", "(tru)"}, {"r3.per", "(tru)"}});
+    stratagem::CheckReport report = Run("#load-if-defined GIANT-MAP\n"
+                                        "  (load \"big\")\n"
+                                        "#else\n"
+                                        "  #load-if-not-defined TINY-MAP (load \"mid\") #else (load \"tiny\") #end-if\n"
+                                        "#end-if\n"
+                                        "(load-random 10 \"r1\" 20 \"r2\" \"r3\")\n",
+                                        {{"big.per", "(tru)"},
+                                         {"mid.per", "(tru)"},
+                                         {"tiny.per", "(tru)"},
+                                         {"r1.per", "(tru)"},
+                                         {"r2.per", "(tru)"},
+                                         {"r3.per", "(tru)"}});
     std::vector<std::string> files;
     for (stratagem::Diagnostic const &d : report.diagnostics)
         files.push_back(d.file);
-    EXPECT_EQ((std::vector<std::string>{"big.per", "mid.per", "tiny.per", "r1.per", "r2.per", "r3.per"}), files);
+    EXPECT_EQ((std::vector<std::string> {"big.per", "mid.per", "tiny.per", "r1.per", "r2.per", "r3.per"}), files);
 }
 
 TEST_F(Paths, EachBranchSeesTheConstantsOfItsOwnPath)
 {
-    stratagem::CheckReport report = Run(
-        "#load-if-defined GIANT-MAP (defconst size 5) #else (defconst size 3) #end-if\n"
-        "#load-if-defined GIANT-MAP (load \"a\") #else (load \"b\") #end-if\n",
-        {{"a.per", "(defrule (goal size 1) => (do-nothing))"}, {"b.per", "(defconst size 50)"}});
+    stratagem::CheckReport report
+        = Run("#load-if-defined GIANT-MAP (defconst size 5) #else (defconst size 3) #end-if\n"
+              "#load-if-defined GIANT-MAP (load \"a\") #else (load \"b\") #end-if\n",
+              {{"a.per", "(defrule (goal size 1) => (do-nothing))"}, {"b.per", "(defconst size 50)"}});
     EXPECT_TRUE(report.diagnostics.empty()) << Where(report)[0];
 }
 
 TEST_F(Paths, EveryFileIsReadOnceEvenInACycle)
 {
-    stratagem::CheckReport report =
-        Run("(load \"a\")\n(load-random 50 \"a\" \"main\")\n", {{"a.per", "(load \"main\")\n(tru)"}});
+    stratagem::CheckReport report
+        = Run("(load \"a\")\n(load-random 50 \"a\" \"main\")\n", {{"a.per", "(load \"main\")\n(tru)"}});
     EXPECT_EQ(1, std::count(m_sources.reads.begin(), m_sources.reads.end(), "a.per"));
     EXPECT_EQ(1, std::count(m_sources.reads.begin(), m_sources.reads.end(), "main.per"));
     EXPECT_EQ(1, report.errors);
@@ -100,10 +99,10 @@ TEST_F(Paths, EveryFileIsReadOnceEvenInACycle)
 
 TEST_F(Paths, ExtraFilesAreReadBeforeTheMainFile)
 {
-    stratagem::CheckReport report =
-        Run("(defrule (goal g 1) => (do-nothing))", {{"x.per", "(defconst g 2)"}}, {"x.per"});
+    stratagem::CheckReport report
+        = Run("(defrule (goal g 1) => (do-nothing))", {{"x.per", "(defconst g 2)"}}, {"x.per"});
     EXPECT_EQ(0, report.errors);
-    EXPECT_EQ((std::vector<std::string>{"x.per", "main.per"}), m_sources.reads);
+    EXPECT_EQ((std::vector<std::string> {"x.per", "main.per"}), m_sources.reads);
 }
 
 TEST_F(Paths, ConsecutiveChecksAreIndependent)
@@ -112,7 +111,7 @@ TEST_F(Paths, ConsecutiveChecksAreIndependent)
     EXPECT_EQ(0, first.errors);
     EXPECT_EQ(0u, AI_Symbol("seen"));
     stratagem::CheckReport second = Run("(defrule (goal seen 1) => (do-nothing))");
-    EXPECT_EQ((std::vector<std::string>{"main.per:1:16-1:19 E007"}), Where(second));
+    EXPECT_EQ((std::vector<std::string> {"main.per:1:16-1:19 E007"}), Where(second));
     EXPECT_EQ(1, AI_CParser::IsExpandBlocks());
 }
 

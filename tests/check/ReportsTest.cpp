@@ -5,26 +5,25 @@
 namespace {
 
 class Reports : public CheckTest
-{
-};
+{};
 
 std::string At(stratagem::Range const &r)
 {
-    return std::to_string(r.line) + ":" + std::to_string(r.column) + "-" + std::to_string(r.endLine) + ":" +
-           std::to_string(r.endColumn);
+    return std::to_string(r.line) + ":" + std::to_string(r.column) + "-" + std::to_string(r.endLine) + ":"
+        + std::to_string(r.endColumn);
 }
 
 TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
 {
-    stratagem::CheckReport report = Run(
-        "(defconst size 5)\n"
-        "(load \"a\")\n"
-        "#load-if-not-defined GIANT-MAP\n"
-        "  (defrule (goal size 1) => (do-nothing))\n"
-        "#else\n"
-        "  (load-random 30 \"a\" \"b\")\n"
-        "#end-if\n",
-        {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
+    stratagem::CheckReport report
+        = Run("(defconst size 5)\n"
+              "(load \"a\")\n"
+              "#load-if-not-defined GIANT-MAP\n"
+              "  (defrule (goal size 1) => (do-nothing))\n"
+              "#else\n"
+              "  (load-random 30 \"a\" \"b\")\n"
+              "#end-if\n",
+              {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
     ASSERT_EQ(0, report.errors);
     ASSERT_EQ(3u, report.files.size());
     std::vector<stratagem::OutlineItem> const &outline = report.files[0].outline;
@@ -56,9 +55,9 @@ TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
 
 TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
 {
-    stratagem::CheckReport report =
-        Run("(defconst g 3)\n(defconst h g)\n(defrule (goal g h) => (do-nothing))\n(load \"lib/a\")",
-            {{"lib/a.per", "(defrule (true) => (do-nothing))"}});
+    stratagem::CheckReport report
+        = Run("(defconst g 3)\n(defconst h g)\n(defrule (goal g h) => (do-nothing))\n(load \"lib/a\")",
+              {{"lib/a.per", "(defrule (true) => (do-nothing))"}});
     stratagem::FileReport const &main = report.files[0];
     ASSERT_EQ(2u, main.constants.size());
     EXPECT_EQ("h", main.constants[1].name);
@@ -68,7 +67,7 @@ TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
     std::vector<std::string> uses;
     for (stratagem::NamedRange const &use : main.constantUses)
         uses.push_back(use.name + "@" + At(use.range));
-    EXPECT_EQ((std::vector<std::string>{"g@2:13-2:13", "g@3:16-3:16", "h@3:18-3:18"}), uses);
+    EXPECT_EQ((std::vector<std::string> {"g@2:13-2:13", "g@3:16-3:16", "h@3:18-3:18"}), uses);
     ASSERT_EQ(1u, main.loads.size());
     EXPECT_EQ("lib/a", main.loads[0].writtenName);
     EXPECT_EQ("lib/a.per", main.loads[0].target);
@@ -85,8 +84,9 @@ TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
         char const *pszText;
         std::vector<std::string> tokens;  // code@range "text"
     } const rows[] = {
-        {"(defrule (x < -5)", {"40@1:1-1:1 (", "258@1:2-1:8 defrule", "40@1:10-1:10 (", "280@1:11-1:11 x",
-                               "269@1:13-1:13 <", "282@1:15-1:16 -5", "41@1:17-1:17 )"}},
+        {"(defrule (x < -5)",
+         {"40@1:1-1:1 (", "258@1:2-1:8 defrule", "40@1:10-1:10 (", "280@1:11-1:11 x", "269@1:13-1:13 <",
+          "282@1:15-1:16 -5", "41@1:17-1:17 )"}},
         {"; note\r\n  \"a\\\"b\" $", {"281@2:3-2:8 \"a\\\"b\"", "-1@2:10-2:10 $"}},
         {"(load \"open", {"40@1:1-1:1 (", "260@1:2-1:5 load", "281@1:7-1:11 \"open"}},
         {"\"cut\n(", {"281@1:1-1:4 \"cut", "40@2:1-2:1 ("}},
@@ -134,7 +134,7 @@ TEST_F(Reports, VocabularyDescriptions)
     EXPECT_EQ("(do-nothing)", stratagem::Signature(AI_Symbol("do-nothing")));
     EXPECT_EQ("", stratagem::Signature(AI_Symbol("archer")));
     auto facts = [](unsigned int nSID) { return AI_IsFact(nSID) != 0; };
-    EXPECT_EQ((std::vector<std::string>{"wood-amount"}), stratagem::ClosestWords("wod-amount", facts, 1));
+    EXPECT_EQ((std::vector<std::string> {"wood-amount"}), stratagem::ClosestWords("wod-amount", facts, 1));
     EXPECT_TRUE(stratagem::ClosestWords("zzzzzzzzzzzz", nullptr).empty());
 }
 

@@ -5,8 +5,7 @@
 namespace {
 
 class Warnings : public CheckTest
-{
-};
+{};
 
 struct WarningCase
 {
@@ -19,16 +18,14 @@ TEST_F(Warnings, EachCodeOnItsMistake)
     std::map<std::string, std::string> const files = {{"a.per", "(defrule (true) => (do-nothing))"}};
     WarningCase const rows[] = {
         // W001: a constant nobody uses; one that is used is fine.
-        {"(defconst used 1)\n(defconst idle 2)\n(defrule (goal used 1) => (do-nothing))",
-         {"main.per:2:11-2:14 W001"}},
+        {"(defconst used 1)\n(defconst idle 2)\n(defrule (goal used 1) => (do-nothing))", {"main.per:2:11-2:14 W001"}},
         // W002: the same file twice on one path; once per branch is fine.
         {"(load \"a\")\n(load \"a\")", {"main.per:2:7-2:9 W002"}},
         {"#load-if-defined GIANT-MAP (load \"a\") #else (load \"a\") #end-if", {}},
         // W003: options after the sum reached 100 can never be drawn.
         {"(load-random 60 \"a\" 40 \"a\" 5 \"a\")", {"main.per:1:2-1:12 E011", "main.per:1:28-1:28 W003"}},
         // W004: one rule written twice in a list; in two branches it is fine.
-        {"(defrule (true) => (do-nothing))\n(defrule (true)\n  => (do-nothing)) ; again",
-         {"main.per:2:1-3:18 W004"}},
+        {"(defrule (true) => (do-nothing))\n(defrule (true)\n  => (do-nothing)) ; again", {"main.per:2:1-3:18 W004"}},
         // Also when an error lies between them.
         {"(defrule (true) => (do-nothing))\n(defrule (tru) => (do-nothing))\n(defrule (true) => (do-nothing))",
          {"main.per:2:11-2:13 E007", "main.per:3:1-3:32 W004"}},
@@ -45,8 +42,9 @@ TEST_F(Warnings, EachCodeOnItsMistake)
         stratagem::CheckReport report = Run(row.pszScript, files);
         EXPECT_EQ(row.where, Where(report)) << row.pszScript;
         for (stratagem::Diagnostic const &d : report.diagnostics)
-            if (d.code[0] == 'W')
+            if (d.code[0] == 'W') {
                 EXPECT_EQ(stratagem::Severity::Warning, d.severity);
+            }
     }
 }
 
@@ -61,7 +59,8 @@ TEST_F(Warnings, CommentsSwitchCodesOff)
 {
     WarningCase const rows[] = {
         // For the next command only.
-        {"(defconst a 1)\n; stratagem: disable=W001\n(defconst idle 2)\n(defconst idle2 3)\n(defrule (goal a 1) => (do-nothing))",
+        {"(defconst a 1)\n; stratagem: disable=W001\n(defconst idle 2)\n(defconst idle2 3)\n(defrule (goal a 1) => "
+         "(do-nothing))",
          {"main.per:4:11-4:15 W001"}},
         {"(defrule (true) => (do-nothing))\n; stratagem: disable=W004\n(defrule (true) => (do-nothing))\n"
          "(defrule (true) => (do-nothing))",

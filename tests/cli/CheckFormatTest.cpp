@@ -20,15 +20,14 @@ Expected const kTwoErrors[] = {
     {"sub/rules.per", 4, 3, 4, 5, {"main.per:1:1"}},
 };
 
-} // namespace
+}  // namespace
 
 TEST(CheckFormats, JsonCarriesEveryFieldOfEveryDiagnostic)
 {
     ScriptDir const dir = TwoErrorStrategy();
     Json const diagnostics = CheckJson(dir, {"main.per"}, 1);
     ASSERT_EQ(diagnostics.size(), 2u) << diagnostics.dump(1);
-    for (Expected const &e : kTwoErrors)
-    {
+    for (Expected const &e : kTwoErrors) {
         Json const found = InFile(diagnostics, e.pszFile);
         ASSERT_EQ(found.size(), 1u) << e.pszFile;
         Json const &d = found[0];
@@ -45,8 +44,8 @@ TEST(CheckFormats, JsonCarriesEveryFieldOfEveryDiagnostic)
             EXPECT_TRUE(hint.is_string());
         Strings chain;
         for (Json const &step : d.at("loadedFrom"))
-            chain.push_back(step.at("file").get<std::string>() + ":" + std::to_string(step.at("line").get<int>()) +
-                            ":" + std::to_string(step.at("column").get<int>()));
+            chain.push_back(step.at("file").get<std::string>() + ":" + std::to_string(step.at("line").get<int>()) + ":"
+                            + std::to_string(step.at("column").get<int>()));
         EXPECT_EQ(chain, e.loadedFrom) << e.pszFile;
     }
 }
@@ -59,8 +58,7 @@ TEST(CheckFormats, GccWritesExactlyOneLinePerDiagnostic)
     Strings const lines = SplitLines(result.strOut);
     ASSERT_EQ(lines.size(), 2u) << result.strOut;
     // file:line:column: severity: message [CODE]
-    for (std::string const &line : lines)
-    {
+    for (std::string const &line : lines) {
         std::istringstream in(line);
         std::string file, severity;
         int nLine = 0, nColumn = 0;
@@ -71,12 +69,12 @@ TEST(CheckFormats, GccWritesExactlyOneLinePerDiagnostic)
         EXPECT_TRUE(severity == "error:" || severity == "warning:") << line;
         EXPECT_TRUE(line.size() > 7 && line.compare(line.size() - 7, 2, " [") == 0 && line.back() == ']') << line;
     }
-    for (Expected const &e : kTwoErrors)
-    {
-        std::string const prefix =
-            std::string(e.pszFile) + ":" + std::to_string(e.nLine) + ":" + std::to_string(e.nColumn) + ": error: ";
-        EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
-                                [&](std::string const &line) { return StartsWith(line, prefix) && EndsWith(line, " [E007]"); }),
+    for (Expected const &e : kTwoErrors) {
+        std::string const prefix
+            = std::string(e.pszFile) + ":" + std::to_string(e.nLine) + ":" + std::to_string(e.nColumn) + ": error: ";
+        EXPECT_EQ(std::count_if(
+                      lines.begin(), lines.end(),
+                      [&](std::string const &line) { return StartsWith(line, prefix) && EndsWith(line, " [E007]"); }),
                   1)
             << prefix;
     }
@@ -98,8 +96,7 @@ TEST(CheckFormats, TextQuotesTheSourceLineWithACaretUnderTheRangeAndNamesTheLoad
         {"sub/rules.per:4:3: error: ", "\t(bar))", "\t ^~~", "note: loaded from main.per:1:1"},
         {"main.per:2:21: error: ", "(defrule (true) => (foo))", "                    ^~~", nullptr},
     };
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         auto const heading = std::find_if(lines.begin(), lines.end(),
                                           [&](std::string const &line) { return StartsWith(line, c.pszHeading); });
         ASSERT_NE(heading, lines.end()) << c.pszHeading << "\n" << result.strOut;
@@ -135,18 +132,16 @@ TEST(CheckFormats, SarifIsOneRunWithOneRulePerCodeAndExclusiveEndColumns)
 
     Json const &rules = run.at("tool").at("driver").at("rules");
     std::set<std::string> ids;
-    for (Json const &rule : rules)
-    {
+    for (Json const &rule : rules) {
         EXPECT_TRUE(ids.insert(rule.at("id").get<std::string>()).second) << rule.dump();
         EXPECT_FALSE(rule.at("shortDescription").at("text").get<std::string>().empty());
     }
-    EXPECT_EQ(ids, (std::set<std::string>{"E007", "E013"}));
+    EXPECT_EQ(ids, (std::set<std::string> {"E007", "E013"}));
 
     Json const &results = run.at("results");
     ASSERT_EQ(results.size(), 3u);
     std::set<std::string> used;
-    for (Json const &r : results)
-    {
+    for (Json const &r : results) {
         EXPECT_EQ(rules.at(r.at("ruleIndex").get<std::size_t>()).at("id"), r.at("ruleId"));
         EXPECT_EQ(r.at("level"), "error");
         EXPECT_FALSE(r.at("message").at("text").get<std::string>().empty());
@@ -175,8 +170,7 @@ TEST(CheckFormats, CleanStrategiesGiveEmptyOutputsOfEachFormat)
         char const *pszFormat;
         char const *pszOut;
     } const cases[] = {{"text", ""}, {"gcc", ""}, {"json", "[]\n"}};
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         RunResult const result = dir.Run({"--check", "-f", c.pszFormat, "main.per"});
         EXPECT_EQ(result.nStatus, 0) << c.pszFormat;
         EXPECT_EQ(result.strOut, c.pszOut) << c.pszFormat;
@@ -202,8 +196,7 @@ TEST(CheckFormats, TextQuotesLinesAsTheCheckReadsThem)
         {"\xEF\xBB\xBF(defrule (true) => (foo))\n", "main.per:1:21: error: ", "(defrule (true) => (foo))",
          "                    ^~~"},
     };
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         ScriptDir const dir({{"main.per", std::string(c.pszBytes)}});
         Strings const lines = SplitLines(dir.Run({"--check", "main.per"}).strOut);
         auto const heading = std::find_if(lines.begin(), lines.end(),
@@ -223,8 +216,7 @@ TEST(CheckFormats, AMainFileThatCannotBeOpenedIsNamedWithoutAPosition)
         char const *pszFormat;
         char const *pszFirstLine;  // its beginning
     } const cases[] = {{"text", "nope.per: error: "}, {"gcc", "nope.per: error: "}};
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         RunResult const result = dir.Run({"--check", "-f", c.pszFormat, "nope.per"});
         EXPECT_EQ(result.nStatus, 1);
         Strings const lines = SplitLines(result.strOut);

@@ -21,11 +21,10 @@ TEST(CheckOptions, SettingsMustLieInTheirRangeUnderCheck)
         {{"--check", "-s", "nPopulationCap=8"}, 2, "0 to 7"},
         {{"--check", "-s", "nWonders=1"}, 2, "bDeathMatch, bRegicide, nStartingAge"},
         {{"--check", "-s", "nMapSize=9", "-D", "GIANT-MAP"}, 0, ""},  // the value in force counts
-        {{"-s", "nMapSize=9"}, 0, ""},  // a listing takes any value, as it always has
+        {{"-s", "nMapSize=9"}, 0, ""},                                // a listing takes any value, as it always has
         {{"-s", "nWonders=1"}, 2, "bTeamsLocked, nCiv"},
     };
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         RunResult const result = dir.Run(Join(c.args, {"main.per"}));
         EXPECT_EQ(result.nStatus, c.nStatus) << testing::PrintToString(c.args) << result.strErr;
         EXPECT_NE(result.strErr.find(c.pszSaid), std::string::npos) << result.strErr;
@@ -55,10 +54,10 @@ TEST(CheckOptions, ListSettingsNamesEveryFieldWithItsDefaultRangeAndEveryDefineW
         {"bGameSpeedLocked", 1, "0..1", "GAME-SPEED-LOCKED (1)"},
         {"nCiv", 2, "0..13", "VIKING-CIV (13)"},
     };
-    for (Field const &f : fields)
-    {
-        auto const line = std::find_if(lines.begin(), lines.end(),
-                                       [&](std::string const &l) { return StartsWith(l, std::string(f.pszName) + " "); });
+    for (Field const &f : fields) {
+        auto const line = std::find_if(lines.begin(), lines.end(), [&](std::string const &l) {
+            return StartsWith(l, std::string(f.pszName) + " ");
+        });
         ASSERT_NE(line, lines.end()) << f.pszName;
         std::istringstream words(*line);
         std::string name, strDefault, range;
@@ -71,8 +70,7 @@ TEST(CheckOptions, ListSettingsNamesEveryFieldWithItsDefaultRangeAndEveryDefineW
     // Every define word the vocabulary registers is listed once.
     AI_AddDefines();
     int nWords = 0;
-    for (unsigned int nSID = 0; nSID < 1000; ++nSID)
-    {
+    for (unsigned int nSID = 0; nSID < 1000; ++nSID) {
         if (!AI_IsDefine(nSID))
             continue;
         ++nWords;
@@ -106,8 +104,7 @@ TEST(CheckOptions, OptionsOfTheOtherModeAndBadValuesAreCommandLineErrors)
         {{"--check", "main.per", "-f"}, "needs a value"},
         {{"--check"}, "no FILE given"},
     };
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         RunResult const result = dir.Run(c.args);
         EXPECT_EQ(result.nStatus, 2) << testing::PrintToString(c.args);
         EXPECT_EQ(result.strOut, "");

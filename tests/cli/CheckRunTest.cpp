@@ -22,8 +22,7 @@ TEST(CheckRun, ExitStatusSaysWhetherErrorsOrUnderWerrorWarningsWereFound)
         {{"clean.per", "fails.per"}, 1},
         {{"-f", "gcc", "--werror", "warns.per", "clean.per"}, 1},
     };
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         RunResult const result = dir.Run(Join({"--check"}, c.args));
         EXPECT_EQ(result.nStatus, c.nStatus) << testing::PrintToString(c.args) << result.strOut;
         EXPECT_EQ(result.strErr, "");
@@ -40,8 +39,8 @@ TEST(CheckRun, StandardInputIsCheckedAsStdinBesideTheFilesNamed)
     RunResult const result = dir.Run({"--check", "-", "main.per"}, "", &input);
     EXPECT_EQ(result.nStatus, 1);
     Strings const lines = SplitLines(result.strOut);
-    auto const heading = std::find_if(lines.begin(), lines.end(),
-                                      [](std::string const &line) { return StartsWith(line, "<stdin>:2:21: error: "); });
+    auto const heading = std::find_if(
+        lines.begin(), lines.end(), [](std::string const &line) { return StartsWith(line, "<stdin>:2:21: error: "); });
     ASSERT_NE(heading, lines.end()) << result.strOut;
     ASSERT_GE(lines.end() - heading, 3);
     EXPECT_EQ(heading[1], "(defrule (true) => (foo))");
@@ -87,8 +86,7 @@ TEST(CheckRun, ColourOnlyWhenAskedOrOnATerminalAndNeverUnderNoColor)
         {"", {"--color=always", "-f", "gcc"}, false},
         {"", {"--color=always", "-f", "json"}, false},
     };
-    for (Case const &c : cases)
-    {
+    for (Case const &c : cases) {
         RunResult const result = dir.Run(Join(Join({"--check"}, c.args), {"main.per"}), c.pszEnv);
         EXPECT_EQ(result.nStatus, 1);
         EXPECT_EQ(result.strOut.find('\033') != std::string::npos, c.bColor)
@@ -100,14 +98,15 @@ TEST(CheckRun, BranchesAndRandomOptionsTheListingSkipsAreChecked)
 {
     // The listing takes the first branch and, with seed 0, draws the first
     // option; the check reads every one of them.
-    ScriptDir const dir({{"main.per", "#load-if-defined SMALL-MAP\n"
-                                      "    (load \"fine\")\n"
-                                      "#else\n"
-                                      "    (load \"other\")\n"
-                                      "#end-if\n"
-                                      "(load-random\n"
-                                      "    50 \"fine\"\n"
-                                      "    \"drawn\")\n"},
+    ScriptDir const dir({{"main.per",
+                          "#load-if-defined SMALL-MAP\n"
+                          "    (load \"fine\")\n"
+                          "#else\n"
+                          "    (load \"other\")\n"
+                          "#end-if\n"
+                          "(load-random\n"
+                          "    50 \"fine\"\n"
+                          "    \"drawn\")\n"},
                          {"fine.per", kDoNothingRule},
                          {"other.per", "(defrule (unknown-fact) => (do-nothing))\n"},
                          {"drawn.per", "(defrule (true) => (unknown-action))\n"}});
@@ -121,15 +120,14 @@ TEST(CheckRun, TheSampleStrategyIsCleanUnderEverySettingThatSwitchesABlock)
 {
     ScriptDir const dir;
     std::string const strMain = std::string(STRATAGEM_SOURCE_DIR) + "/examples/main.per";
-    for (Strings const &args : std::vector<Strings>{{},
-                                                    {"-D", "TINY-MAP"},
-                                                    {"-D", "SMALL-MAP"},
-                                                    {"-D", "GIANT-MAP"},
-                                                    {"-D", "BYZANTINE-CIV"},
-                                                    {"-D", "BRITON-CIV"},
-                                                    {"-D", "REGICIDE"},
-                                                    {"-D", "TINY-MAP", "-D", "VIKING-CIV", "-D", "REGICIDE"}})
-    {
+    for (Strings const &args : std::vector<Strings> {{},
+                                                     {"-D", "TINY-MAP"},
+                                                     {"-D", "SMALL-MAP"},
+                                                     {"-D", "GIANT-MAP"},
+                                                     {"-D", "BYZANTINE-CIV"},
+                                                     {"-D", "BRITON-CIV"},
+                                                     {"-D", "REGICIDE"},
+                                                     {"-D", "TINY-MAP", "-D", "VIKING-CIV", "-D", "REGICIDE"}}) {
         Json const diagnostics = CheckJson(dir, Join(Join({"--werror"}, args), {strMain}), 0);
         EXPECT_EQ(diagnostics, Json::array()) << testing::PrintToString(args);
     }

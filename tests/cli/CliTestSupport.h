@@ -74,11 +74,11 @@ public:
     // argument holds a single quote.
     RunResult Run(Strings const &args, std::string const &strEnv = "", std::string const *pStdin = nullptr) const
     {
-        std::string strCommand = "cd '" + (m_root / "work").string() + "' && env -u NO_COLOR " + strEnv + " '" STRATAGEM_CLI "'";
+        std::string strCommand
+            = "cd '" + (m_root / "work").string() + "' && env -u NO_COLOR " + strEnv + " '" STRATAGEM_CLI "'";
         for (std::string const &arg : args)
             strCommand += " '" + arg + "'";
-        if (pStdin)
-        {
+        if (pStdin) {
             std::ofstream(m_root / "stdin", std::ios::binary) << *pStdin;
             strCommand += " <'" + (m_root / "stdin").string() + "'";
         }

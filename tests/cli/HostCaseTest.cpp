@@ -36,8 +36,7 @@ std::vector<std::string> CaseNames()
 }
 
 class HostCase : public testing::TestWithParam<std::string>
-{
-};
+{};
 
 // Through the shell, which sets the working directory and the output files;
 // no argument holds a single quote.

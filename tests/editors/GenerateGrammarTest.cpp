@@ -35,7 +35,8 @@ TEST(GenerateGrammar, WritesTheGrammarAndTheWordsTest)
     ASSERT_EQ(RunGenerator(grammar + " " + words), 0);
     nlohmann::json const written = nlohmann::json::parse(Slurp(grammar));
     EXPECT_EQ(written.at("scopeName"), "source.stratagem");
-    EXPECT_NE(written.at("repository").at("fact").at("match").get<std::string>().find("|food-amount|"), std::string::npos);
+    EXPECT_NE(written.at("repository").at("fact").at("match").get<std::string>().find("|food-amount|"),
+              std::string::npos);
     EXPECT_EQ(Slurp(words).rfind("; SYNTAX TEST", 0), 0u);
     std::remove(grammar.c_str());
     std::remove(words.c_str());

@@ -43,9 +43,11 @@ TEST_F(GrammarBuilder, TakesEveryBuiltinWordOnceUnderItsKind)
         size_t count;
         int (*isKind)(unsigned int);
     };
-    Row const rows[] = {{"fact", 110, AI_IsFact}, {"action", 54, AI_IsAction}, {"define", 66, AI_IsDefine}, {"parameter", 547, AI_IsParam}};
-    for (Row const &row : rows)
-    {
+    Row const rows[] = {{"fact", 110, AI_IsFact},
+                        {"action", 54, AI_IsAction},
+                        {"define", 66, AI_IsDefine},
+                        {"parameter", 547, AI_IsParam}};
+    for (Row const &row : rows) {
         std::vector<std::string> const words = grammar::RegisteredWords(Kind(row.key));
         EXPECT_EQ(words.size(), row.count) << row.key;
         EXPECT_EQ(std::set<std::string>(words.begin(), words.end()).size(), words.size()) << row.key;
@@ -70,14 +72,13 @@ TEST_F(GrammarBuilder, TakesWordsAtTheEndsOfEachRange)
                         {"action", addAction, 500, 699},
                         {"define", AI_AddDefine, 100, 299},
                         {"parameter", AI_AddParam, 1100, 3499}};
-    for (Row const &row : rows)
-    {
+    for (Row const &row : rows) {
         std::string const low = std::string(row.key) + "-low", high = std::string(row.key) + "-high";
         row.add(row.first, low.c_str());
         row.add(row.last, high.c_str());
         row.add(row.first - 1, "below");
         row.add(row.last + 1, "above");
-        EXPECT_EQ(grammar::RegisteredWords(Kind(row.key)), (std::vector<std::string>{low, high})) << row.key;
+        EXPECT_EQ(grammar::RegisteredWords(Kind(row.key)), (std::vector<std::string> {low, high})) << row.key;
         AI_DeleteAll();
     }
 }
@@ -94,8 +95,7 @@ TEST_F(GrammarBuilder, LeavesOutKindsWithoutWords)
         EXPECT_FALSE(repository.contains(key)) << key;
     for (nlohmann::json const &pattern : built.at("patterns"))
         EXPECT_TRUE(repository.contains(pattern.at("include").get<std::string>().substr(1))) << pattern;
-    for (auto const &rule : repository.items())
-    {
+    for (auto const &rule : repository.items()) {
         std::string const match = rule.value().value("match", std::string());
         EXPECT_EQ(match.find("(?:)"), std::string::npos) << rule.key();
     }
@@ -113,14 +113,11 @@ TEST_F(GrammarBuilder, WordsTestCoversEveryWordWithItsScope)
         char const *word;
         char const *scope;
     };
-    Row const rows[] = {{"food-amount", "support.function.fact.stratagem"},
-                        {"train", "support.function.action.stratagem"},
-                        {"GIANT-MAP", "support.constant.define.stratagem"},
-                        {"archer", "support.constant.parameter.stratagem"},
-                        {"less-than", "keyword.operator.relational.stratagem"},
-                        {"not-equal", "keyword.operator.relational.stratagem"}};
-    for (Row const &row : rows)
-    {
+    Row const rows[] = {
+        {"food-amount", "support.function.fact.stratagem"},     {"train", "support.function.action.stratagem"},
+        {"GIANT-MAP", "support.constant.define.stratagem"},     {"archer", "support.constant.parameter.stratagem"},
+        {"less-than", "keyword.operator.relational.stratagem"}, {"not-equal", "keyword.operator.relational.stratagem"}};
+    for (Row const &row : rows) {
         std::string const word = row.word;
         std::string const expected = "\n(" + word + ")\n;" + std::string(word.size(), '^') + " " + row.scope + "\n";
         EXPECT_NE(text.find(expected), std::string::npos) << word;

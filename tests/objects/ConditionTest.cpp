@@ -6,10 +6,7 @@ using Condition = ObjectsTest;
 
 namespace {
 
-AI_CTestCE *Fact(unsigned int nSID = kTrue, AI_CExprList *pArgs = nullptr)
-{
-    return new AI_CTestCE(nSID, pArgs);
-}
+AI_CTestCE *Fact(unsigned int nSID = kTrue, AI_CExprList *pArgs = nullptr) { return new AI_CTestCE(nSID, pArgs); }
 
 }  // namespace
 
@@ -19,12 +16,13 @@ AI_CTestCE *Fact(unsigned int nSID = kTrue, AI_CExprList *pArgs = nullptr)
 // passed through unnormalised shows.
 TEST_F(Condition, OperatorsCombineTheirOperandsAndShortCircuit)
 {
-    struct {
+    struct
+    {
         AI_COpCE::Op op;
         char const *pszResults;
         char const *pszSecond;
     } const aRows[] = {
-        {AI_COpCE::opNot, "1100", "----"},  {AI_COpCE::opAnd, "0001", "--bb"}, {AI_COpCE::opOr, "0111", "bb--"},
+        {AI_COpCE::opNot, "1100", "----"},  {AI_COpCE::opAnd, "0001", "--bb"},  {AI_COpCE::opOr, "0111", "bb--"},
         {AI_COpCE::opXor, "0110", "bbbb"},  {AI_COpCE::opNand, "1110", "--bb"}, {AI_COpCE::opNor, "1000", "bb--"},
         {AI_COpCE::opXnor, "1001", "bbbb"},
     };
@@ -36,7 +34,7 @@ TEST_F(Condition, OperatorsCombineTheirOperandsAndShortCircuit)
             AI_COpCE op(row.op, new ProbeCE(a, &calls, "a"),
                         row.op == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
             EXPECT_EQ(row.pszResults[i] - '0', op.IsTrue());
-            EXPECT_EQ((row.pszSecond[i] == 'b' ? Calls{"a", "b"} : Calls{"a"}), calls);
+            EXPECT_EQ((row.pszSecond[i] == 'b' ? Calls {"a", "b"} : Calls {"a"}), calls);
         }
     }
 }
@@ -54,7 +52,7 @@ TEST_F(Condition, FactTestsNeverHoldAndAListStopsAtTheFirstFailure)
     probes.Add(new ProbeCE(0, &calls, "b"));
     probes.Add(new ProbeCE(2, &calls, "c"));
     EXPECT_EQ(0, probes.IsTrue());
-    EXPECT_EQ((Calls{"a", "b"}), calls);
+    EXPECT_EQ((Calls {"a", "b"}), calls);
     AI_CCEList allHold;
     allHold.Add(new ProbeCE(2, &calls, "d"));
     allHold.Add(new ProbeCE(1, &calls, "e"));

@@ -35,7 +35,7 @@ TEST_F(LoadCommands, LoadsAndBlocksAreCheckedThroughTheirLists)
         {AI_CBlock(0, kSmallMap, probe(1, "if"), probe(0, "else")).Check(), 0},
         {AI_CBlock(0, kSmallMap, probe(0, "if"), nullptr).Check(), 1},
     });
-    EXPECT_EQ((Calls{"check p", "check f", "check p", "check f", "check if", "check if", "check else"}), calls);
+    EXPECT_EQ((Calls {"check p", "check f", "check p", "check f", "check if", "check if", "check else"}), calls);
 }
 
 TEST_F(LoadCommands, BlockLoadsBothBranchesAndNeverCountsAsLoaded)
@@ -48,6 +48,6 @@ TEST_F(LoadCommands, BlockLoadsBothBranchesAndNeverCountsAsLoaded)
     list.Add(pBlock);
     list.Load();
     list.Load();
-    EXPECT_EQ((Calls{"load a", "load c", "load a", "load c"}), calls);
+    EXPECT_EQ((Calls {"load a", "load c", "load a", "load c"}), calls);
     EXPECT_EQ(0, pBlock->IsLoaded());
 }

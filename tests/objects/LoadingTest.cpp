@@ -36,13 +36,18 @@ TEST_F(Loading, RandomLoadChoosesByInclusiveBoundsWithTheEarlierOptionFirst)
     AI_CCommandList *pA = Store("a");
     AI_CCommandList *pB = Store("b");
     AI_CCommandList *pD = Store("d");
-    struct {
+    struct
+    {
         int r;
         AI_CCommandList *pExpected;
         char const *pszChosen;
     } const aCases[] = {
-        {0, pA, "a"}, {DrawFor(30, 32767, -1), pA, "a"}, {DrawFor(31, 0, 1), pB, "b"},
-        {DrawFor(80, 32767, -1), pB, "b"}, {DrawFor(81, 0, 1), pD, "d"}, {32767, pD, "d"},  // the last: x = 100
+        {0, pA, "a"},
+        {DrawFor(30, 32767, -1), pA, "a"},
+        {DrawFor(31, 0, 1), pB, "b"},
+        {DrawFor(80, 32767, -1), pB, "b"},
+        {DrawFor(81, 0, 1), pD, "d"},
+        {32767, pD, "d"},  // the last: x = 100
     };
     EXPECT_EQ(30, PercentOf(aCases[1].r));
     EXPECT_EQ(31, PercentOf(aCases[2].r));
@@ -120,7 +125,7 @@ TEST_F(Loading, AFileThatCannotBeOpenedLeavesTheCommandUnloaded)
     std::string strMissing = testing::TempDir() + "stratagem-no-such-dir/none.per";
     AI_CLoadCommand load(Str(strMissing.c_str()), &m_strategy);
     AI_CLoadRandomCommand random(nullptr, Str(strMissing.c_str()), &m_strategy);
-    for (AI_CCommand *pCommand : std::initializer_list<AI_CCommand *>{&load, &random}) {
+    for (AI_CCommand *pCommand : std::initializer_list<AI_CCommand *> {&load, &random}) {
         CRuntimeClass *pThrown = nullptr;
         try {
             pCommand->Load();

@@ -25,18 +25,35 @@ std::string Facts(T const &object)
 
 TEST_F(ObjectBase, EveryClassHasItsRecordAndAFactoryForExactlyThatClass)
 {
-#define ROW(CLASS, BASE) {RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)}
-    struct {
+#define ROW(CLASS, BASE)                                                                                               \
+    {                                                                                                                  \
+        RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)                                                              \
+    }
+    struct
+    {
         CRuntimeClass *pClass;
         char const *pszName;
         CRuntimeClass *pBase;
     } const aCases[] = {
-        ROW(AI_CObject, CObject), ROW(AI_CExpression, AI_CObject), ROW(AI_CExprList, AI_CObject),
-        ROW(AI_CCE, AI_CObject), ROW(AI_CTestCE, AI_CCE), ROW(AI_COpCE, AI_CCE), ROW(AI_CCEList, AI_CObject),
-        ROW(AI_CAction, AI_CObject), ROW(AI_CActionList, AI_CObject), ROW(AI_CCommand, AI_CObject),
-        ROW(AI_CDefruleCommand, AI_CCommand), ROW(AI_CDefconstCommand, AI_CCommand), ROW(AI_CCommandList, AI_CObject),
-        ROW(AI_CLoadCommand, AI_CCommand), ROW(AI_CLoadOption, AI_CObject), ROW(AI_CLoadOptionList, AI_CObject),
-        ROW(AI_CLoadRandomCommand, AI_CCommand), ROW(AI_CBlock, AI_CCommand), ROW(AI_CStrategy, AI_CObject),
+        ROW(AI_CObject, CObject),
+        ROW(AI_CExpression, AI_CObject),
+        ROW(AI_CExprList, AI_CObject),
+        ROW(AI_CCE, AI_CObject),
+        ROW(AI_CTestCE, AI_CCE),
+        ROW(AI_COpCE, AI_CCE),
+        ROW(AI_CCEList, AI_CObject),
+        ROW(AI_CAction, AI_CObject),
+        ROW(AI_CActionList, AI_CObject),
+        ROW(AI_CCommand, AI_CObject),
+        ROW(AI_CDefruleCommand, AI_CCommand),
+        ROW(AI_CDefconstCommand, AI_CCommand),
+        ROW(AI_CCommandList, AI_CObject),
+        ROW(AI_CLoadCommand, AI_CCommand),
+        ROW(AI_CLoadOption, AI_CObject),
+        ROW(AI_CLoadOptionList, AI_CObject),
+        ROW(AI_CLoadRandomCommand, AI_CCommand),
+        ROW(AI_CBlock, AI_CCommand),
+        ROW(AI_CStrategy, AI_CObject),
     };
 #undef ROW
     for (auto const &c : aCases) {
@@ -117,8 +134,8 @@ TEST_F(ObjectBase, EveryFamilyDescribesItselfAndKnowsWhenItIsValid)
         {Valid(AI_CLoadCommand(nullptr, nullptr)), "0"},
         {Facts(AI_CLoadOption(30, Str("x.per"))), "load option: 30, x.per | 1"},
         {Valid(AI_CLoadOption(1, Str("f"))) + Valid(AI_CLoadOption(100, Str("f"))), "11"},
-        {Valid(AI_CLoadOption(0, Str("f"))) + Valid(AI_CLoadOption(101, Str("f"))) +
-             Valid(AI_CLoadOption(-1, Str("f"))) + Valid(AI_CLoadOption(50, nullptr)),
+        {Valid(AI_CLoadOption(0, Str("f"))) + Valid(AI_CLoadOption(101, Str("f"))) + Valid(AI_CLoadOption(-1, Str("f")))
+             + Valid(AI_CLoadOption(50, nullptr)),
          "0000"},
         {Describe(AI_CLoadOptionList()), "load options list: 0 load options"},
         {Describe(*pOptions) + ", total " + std::to_string(pOptions->GetTotalProbability()),
@@ -129,9 +146,9 @@ TEST_F(ObjectBase, EveryFamilyDescribesItselfAndKnowsWhenItIsValid)
          "load random command: default ?, loaded ? | 1"},
         {Facts(AI_CLoadRandomCommand(nullptr, Str("d"), nullptr)), "load random command: default d, loaded ? | 1"},
         {Facts(chosen), "load random command: default d, loaded b | 1"},
-        {Valid(AI_CLoadRandomCommand(Options({}), nullptr, nullptr)) +
-             Valid(AI_CLoadRandomCommand(Options({{60, "a"}, {40, "b"}}), nullptr, nullptr)) +
-             Valid(AI_CLoadRandomCommand(Options({{60, "a"}, {41, "b"}}), Str("d"), nullptr)),
+        {Valid(AI_CLoadRandomCommand(Options({}), nullptr, nullptr))
+             + Valid(AI_CLoadRandomCommand(Options({{60, "a"}, {40, "b"}}), nullptr, nullptr))
+             + Valid(AI_CLoadRandomCommand(Options({{60, "a"}, {41, "b"}}), Str("d"), nullptr)),
          "110"},
         {Facts(AI_CBlock(1, kSmallMap, new AI_CCommandList, nullptr)), "block: load if defined SMALL-MAP | 1"},
         {Facts(AI_CBlock(0, kDeathMatch, new AI_CCommandList, new AI_CCommandList)),
@@ -173,17 +190,26 @@ TEST_F(ObjectBase, ChildrenAreTheDirectPartsInOrder)
     AI_CCommandList *apLists[] = {new AI_CCommandList, new AI_CCommandList, new AI_CCommandList};
     using V = std::vector<AI_CObject *>;
     ExpectRows<V>({
-        {Children(*pArgs), V{pOne, pTwo}}, {Children(*pFirst), V{pArgs}}, {Children(*pOr), V{pFirst, pSecond}},
-        {Children(unary), V{pOnly}}, {Children(*pCEs), V{pOr}}, {Children(*pAction), V{pUnit}},
-        {Children(*pRule), V{pCEs, pActions}}, {Children(*pCommands), V{pRule, pConst}},
-        {Children(HandLoad(Str("a"), &loaded)), V{&loaded}}, {Children(random), V{pOptions}},
-        {Children(chosen), V{&loaded}},
-        {Children(AI_CBlock(1, kSmallMap, apLists[0], apLists[1])), V{apLists[0], apLists[1]}},
-        {Children(AI_CBlock(0, kSmallMap, apLists[2], nullptr)), V{apLists[2]}},
-        {Children(*pOne), V{}}, {Children(*pSecond), V{}}, {Children(*pConst), V{}},
-        {Children(AI_CAction(kDoNothing, nullptr)), V{}}, {Children(HandLoad(Str("a"))), V{}},
-        {Children(AI_CLoadOption(5, Str("a"))), V{}},
+        {Children(*pArgs), V {pOne, pTwo}},
+        {Children(*pFirst), V {pArgs}},
+        {Children(*pOr), V {pFirst, pSecond}},
+        {Children(unary), V {pOnly}},
+        {Children(*pCEs), V {pOr}},
+        {Children(*pAction), V {pUnit}},
+        {Children(*pRule), V {pCEs, pActions}},
+        {Children(*pCommands), V {pRule, pConst}},
+        {Children(HandLoad(Str("a"), &loaded)), V {&loaded}},
+        {Children(random), V {pOptions}},
+        {Children(chosen), V {&loaded}},
+        {Children(AI_CBlock(1, kSmallMap, apLists[0], apLists[1])), V {apLists[0], apLists[1]}},
+        {Children(AI_CBlock(0, kSmallMap, apLists[2], nullptr)), V {apLists[2]}},
+        {Children(*pOne), V {}},
+        {Children(*pSecond), V {}},
+        {Children(*pConst), V {}},
+        {Children(AI_CAction(kDoNothing, nullptr)), V {}},
+        {Children(HandLoad(Str("a"))), V {}},
+        {Children(AI_CLoadOption(5, Str("a"))), V {}},
     });
     random.SetLoaded(OptionName(pOptions, 0), &loaded);
-    EXPECT_EQ((V{pOptions, &loaded}), Children(random));
+    EXPECT_EQ((V {pOptions, &loaded}), Children(random));
 }

@@ -32,7 +32,7 @@ TEST_F(Ownership, DestroyingATreeDestroysEveryOwnedPartOnceInOrder)
     pRoot->Add(Track<AI_CLoadRandomCommand>(&log, 17, pOptions, Str("d"), nullptr));
     pRoot->Add(Track<HandLoad>(&log, 20, Str("a"), pLoaded));
     delete pRoot;
-    EXPECT_EQ((std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20}), log);
+    EXPECT_EQ((std::vector<int> {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20}), log);
     delete pLoaded;  // the loaded list belongs to whoever stored it
     EXPECT_EQ(21, log.back());
 }
@@ -53,7 +53,7 @@ TEST_F(Ownership, InvalidateLetsGoOfThePartsWithoutDestroyingThem)
     AI_CCommandList loaded;
     {
         AI_CExpression text(apStrings[0]);
-        AI_CExpression symbol{unsigned(kVillager)};
+        AI_CExpression symbol {unsigned(kVillager)};
         AI_CExpression number(42);
         AI_CTestCE test(kFoodAmount, pArgs);
         AI_COpCE op(AI_COpCE::opXor, pFirst, pSecond);
@@ -70,24 +70,37 @@ TEST_F(Ownership, InvalidateLetsGoOfThePartsWithoutDestroyingThem)
         // What is kept: the kinds, an integer, the operator, a constant's
         // value, a block's flag and a load's loaded list.
         ExpectRows<int>({
-            {text.IsValid(), 0}, {text.GetType(), AI_EXPR_STRING}, {symbol.IsValid(), 0},
-            {symbol.GetType(), AI_EXPR_SYMBOL}, {number.IsValid(), 1}, {number.GetContents().nInteger, 42},
-            {test.IsValid(), 0}, {op.IsValid(), 0}, {op.GetOp(), AI_COpCE::opXor}, {action.IsValid(), 0},
-            {rule.IsValid(), 0}, {constant.IsValid(), 0}, {constant.GetValue(), -5}, {load.IsValid(), 0},
-            {load.IsLoaded(), 1}, {option.IsValid(), 0}, {option.GetProbability(), 0}, {block.IsValid(), 0},
+            {text.IsValid(), 0},
+            {text.GetType(), AI_EXPR_STRING},
+            {symbol.IsValid(), 0},
+            {symbol.GetType(), AI_EXPR_SYMBOL},
+            {number.IsValid(), 1},
+            {number.GetContents().nInteger, 42},
+            {test.IsValid(), 0},
+            {op.IsValid(), 0},
+            {op.GetOp(), AI_COpCE::opXor},
+            {action.IsValid(), 0},
+            {rule.IsValid(), 0},
+            {constant.IsValid(), 0},
+            {constant.GetValue(), -5},
+            {load.IsValid(), 0},
+            {load.IsLoaded(), 1},
+            {option.IsValid(), 0},
+            {option.GetProbability(), 0},
+            {block.IsValid(), 0},
             {block.GetIf(), 1},
         });
-        for (AI_CObject *p : std::initializer_list<AI_CObject *>{&test, &op, &action, &rule, &block})
+        for (AI_CObject *p : std::initializer_list<AI_CObject *> {&test, &op, &action, &rule, &block})
             EXPECT_TRUE(Children(*p).empty()) << Describe(*p);
-        EXPECT_EQ(std::vector<AI_CObject *>{&loaded}, Children(load));
-        EXPECT_EQ(std::vector<AI_CObject *>{&loaded}, Children(random));
+        EXPECT_EQ(std::vector<AI_CObject *> {&loaded}, Children(load));
+        EXPECT_EQ(std::vector<AI_CObject *> {&loaded}, Children(random));
         EXPECT_EQ("load random command: default ?, loaded ?", Describe(random));
     }
     EXPECT_TRUE(log.empty());
-    for (AI_CObject *p : std::initializer_list<AI_CObject *>{pArgs, pActionArgs, pFirst, pSecond, pCEs, pActions,
-                                                             pOptions, pIf, pElse})
+    for (AI_CObject *p : std::initializer_list<AI_CObject *> {pArgs, pActionArgs, pFirst, pSecond, pCEs, pActions,
+                                                              pOptions, pIf, pElse})
         delete p;
-    EXPECT_EQ((std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9}), log);
+    EXPECT_EQ((std::vector<int> {1, 2, 3, 4, 5, 6, 7, 8, 9}), log);
     EXPECT_STREQ("text", *apStrings[0]);
     EXPECT_STREQ("default", *apStrings[3]);
     for (CString *p : apStrings)

@@ -24,7 +24,7 @@ TEST_F(Rules, ActionsRunUntilTheFirstFailureAndOnlyWhenTheConditionsHold)
     EXPECT_EQ(1, AI_CDefruleCommand(new AI_CCEList, new AI_CActionList).Check());
     EXPECT_EQ(1, Own(Rule(new ProbeCE(1, &calls, "if"), new ProbeAction(0, &calls, "then")))->Check());
     EXPECT_EQ(1, Own(Rule(nullptr, new ProbeAction(1, &calls, "idle")))->Check());  // (true) never holds
-    EXPECT_EQ((Calls{"a", "c", "d", "if", "then"}), calls);
+    EXPECT_EQ((Calls {"a", "c", "d", "if", "then"}), calls);
 }
 
 TEST_F(Rules, CommandListChecksInOrderToTheFirstFailureAndLoadsWhatIsNotLoaded)
@@ -33,8 +33,12 @@ TEST_F(Rules, CommandListChecksInOrderToTheFirstFailureAndLoadsWhatIsNotLoaded)
     AI_CCommand &bare = *static_cast<AI_CCommand *>(pMade.get());
     bare.Load();
     AI_CDefconstCommand constant(0, 1, nullptr);
-    ExpectRows<int>({{bare.IsValid(), 1}, {bare.Check(), 0}, {bare.IsLoaded(), 1}, {constant.Check(), 1},
-                     {constant.IsLoaded(), 0}, {AI_CCommandList().Check(), 1}});
+    ExpectRows<int>({{bare.IsValid(), 1},
+                     {bare.Check(), 0},
+                     {bare.IsLoaded(), 1},
+                     {constant.Check(), 1},
+                     {constant.IsLoaded(), 0},
+                     {AI_CCommandList().Check(), 1}});
 
     Calls calls;
     AI_CCommandList list;
@@ -43,19 +47,19 @@ TEST_F(Rules, CommandListChecksInOrderToTheFirstFailureAndLoadsWhatIsNotLoaded)
     list.Add(new ProbeCommand(1, 0, &calls, "c"));
     EXPECT_EQ(0, list.Check());
     list.Load();
-    EXPECT_EQ((Calls{"check a", "check b", "load a", "load c"}), calls);
+    EXPECT_EQ((Calls {"check a", "check b", "load a", "load c"}), calls);
 }
 
 TEST_F(Rules, EveryLoadOfAListRecordsItsConstantsAgain)
 {
     AI_CStrategy strategy("s", "m", AI_gsSettings);
     unsigned int nSID = AI_AddConstant("c", 0);
-    std::unique_ptr<AI_CCommandList> pList(Commands(
-        {new AI_CDefconstCommand(nSID, 5, &strategy), Rule(), new AI_CDefconstCommand(nSID, 7, &strategy)}));
+    std::unique_ptr<AI_CCommandList> pList(
+        Commands({new AI_CDefconstCommand(nSID, 5, &strategy), Rule(), new AI_CDefconstCommand(nSID, 7, &strategy)}));
     pList->Load();
-    EXPECT_EQ((std::vector<int>{5, 7}), Values(strategy, nSID));
+    EXPECT_EQ((std::vector<int> {5, 7}), Values(strategy, nSID));
     pList->Load();
-    EXPECT_EQ((std::vector<int>{5, 7, 5, 7}), Values(strategy, nSID));
+    EXPECT_EQ((std::vector<int> {5, 7, 5, 7}), Values(strategy, nSID));
     EXPECT_EQ(1, pList->Check());
 }
 
@@ -69,5 +73,5 @@ TEST_F(Rules, AddingAListMovesItsCommandsToTheEndAndLeavesItEmpty)
     std::unique_ptr<AI_CCommandList> pSource(Commands({pFirst, pSecond}));
     target.Add(pSource.get());
     EXPECT_TRUE(Children(*pSource).empty());
-    EXPECT_EQ((std::vector<AI_CObject *>{pOld, pFirst, pSecond}), Children(target));
+    EXPECT_EQ((std::vector<AI_CObject *> {pOld, pFirst, pSecond}), Children(target));
 }

@@ -19,16 +19,17 @@
 #include "vocabulary/AI_Vocabulary.h"
 
 // Built-in SIDs used by the tests.
-enum : unsigned int {
-    kTrue = 300,         // fact without parameters
-    kFoodAmount = 391,   // fact (rel-op, value)
-    kDoNothing = 600,    // action without parameters
-    kChatToAll = 504,    // action (string)
-    kTrain = 614,        // action (unit)
-    kSmallMap = 131,     // define
-    kDeathMatch = 100,   // define
-    kLessThan = 2300,    // param
-    kVillager = 3110,    // param
+enum : unsigned int
+{
+    kTrue = 300,        // fact without parameters
+    kFoodAmount = 391,  // fact (rel-op, value)
+    kDoNothing = 600,   // action without parameters
+    kChatToAll = 504,   // action (string)
+    kTrain = 614,       // action (unit)
+    kSmallMap = 131,    // define
+    kDeathMatch = 100,  // define
+    kLessThan = 2300,   // param
+    kVillager = 3110,   // param
 };
 
 class ObjectsTest : public ::testing::Test
@@ -53,7 +54,10 @@ void ExpectRows(std::vector<std::pair<T, T>> const &rows)
 }
 
 template <class T>
-std::unique_ptr<T> Own(T *p) { return std::unique_ptr<T>(p); }
+std::unique_ptr<T> Own(T *p)
+{
+    return std::unique_ptr<T>(p);
+}
 
 // An object made by the class's factory.
 template <class T = AI_CObject>
@@ -92,7 +96,7 @@ inline std::vector<AI_CObject *> Children(AI_CObject const &object)
 inline std::string Stars(int n) { return std::string(n, '*'); }
 
 // The defaults of the settings record.
-inline AI_GameSettings DefaultSettings() { return AI_GameSettings{0, 0, 0, 1, 1, 4, 0, 2, 2, 1, 0, 2}; }
+inline AI_GameSettings DefaultSettings() { return AI_GameSettings {0, 0, 0, 1, 1, 4, 0, 2, 2, 1, 0, 2}; }
 
 // The recorded values of a constant, in recording order.
 inline std::vector<int> Values(AI_CStrategy const &strategy, unsigned int nSID)
@@ -107,42 +111,53 @@ inline std::vector<int> Values(AI_CStrategy const &strategy, unsigned int nSID)
 
 // Records its id in a log when destroyed, before its parts go.
 template <class BASE>
-struct Tracked : BASE {
+struct Tracked : BASE
+{
     template <class... ARGS>
-    Tracked(std::vector<int> *pLog, int nId, ARGS... args) : BASE(args...), m_pLog(pLog), m_nId(nId) {}
+    Tracked(std::vector<int> *pLog, int nId, ARGS... args) : BASE(args...), m_pLog(pLog), m_nId(nId)
+    {}
     ~Tracked() override { m_pLog->push_back(m_nId); }
     std::vector<int> *m_pLog;
     int m_nId;
 };
 
 template <class BASE, class... ARGS>
-BASE *Track(std::vector<int> *pLog, int nId, ARGS... args) { return new Tracked<BASE>(pLog, nId, args...); }
+BASE *Track(std::vector<int> *pLog, int nId, ARGS... args)
+{
+    return new Tracked<BASE>(pLog, nId, args...);
+}
 
 // Probes answer as set and note each call in a log: conditions and actions
 // their name, commands "check <name>" or "load <name>".
 using Calls = std::vector<std::string>;
 
-struct Probe {
+struct Probe
+{
     int Note(char const *pszWhat) const { return m_pLog->push_back(pszWhat + m_strName), m_nAnswer; }
     int m_nAnswer;
     Calls *m_pLog;
     std::string m_strName;
 };
 
-struct ProbeCE : AI_CCE, Probe {
-    ProbeCE(int nAnswer, Calls *pLog, char const *pszName) : Probe{nAnswer, pLog, pszName} {}
+struct ProbeCE : AI_CCE, Probe
+{
+    ProbeCE(int nAnswer, Calls *pLog, char const *pszName) : Probe {nAnswer, pLog, pszName} {}
     int IsTrue() const override { return Note(""); }
 };
 
-struct ProbeAction : AI_CAction, Probe {
+struct ProbeAction : AI_CAction, Probe
+{
     ProbeAction(int nResult, Calls *pLog, char const *pszName)
-        : AI_CAction(kDoNothing, nullptr), Probe{nResult, pLog, pszName} {}
+        : AI_CAction(kDoNothing, nullptr), Probe {nResult, pLog, pszName}
+    {}
     int Execute() override { return Note(""); }
 };
 
-struct ProbeCommand : AI_CCommand, Probe {
+struct ProbeCommand : AI_CCommand, Probe
+{
     ProbeCommand(int nCheck, int nLoaded, Calls *pLog, char const *pszName)
-        : Probe{nCheck, pLog, pszName}, m_nLoaded(nLoaded) {}
+        : Probe {nCheck, pLog, pszName}, m_nLoaded(nLoaded)
+    {}
     int Check() override { return Note("check "); }
     void Load() override { Note("load "); }
     int IsLoaded() const override { return m_nLoaded; }
@@ -190,14 +205,16 @@ inline AI_CDefruleCommand *Rule(AI_CCE *pCE = nullptr, AI_CAction *pAction = nul
 
 // Load commands whose loaded list and choice a test sets by hand, as
 // loading would.
-struct HandLoad : AI_CLoadCommand {
+struct HandLoad : AI_CLoadCommand
+{
     HandLoad(CString *pName, AI_CCommandList *pLoaded = nullptr) : AI_CLoadCommand(pName, nullptr)
     {
         m_pCommands = pLoaded;
     }
 };
 
-struct HandLoadRandom : AI_CLoadRandomCommand {
+struct HandLoadRandom : AI_CLoadRandomCommand
+{
     HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pName) : AI_CLoadRandomCommand(pOptions, pName, nullptr) {}
     void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded) { m_pLoaded = pChosen, m_pCommands = pLoaded; }
 };

@@ -76,7 +76,7 @@ TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
         values.push_back(static_cast<AI_CDefconstCommand const *>(pCommand)->GetValue());
     // A constant of this file has its value in the registry only; the
     // strategy's value of a constant comes first.
-    EXPECT_EQ(values, (std::vector<int>{5, 7, 5, 25}));
+    EXPECT_EQ(values, (std::vector<int> {5, 7, 5, 25}));
     unsigned int nA = AI_Symbol("a");
     EXPECT_EQ(AI_Constant(nA, 0), 5);
     EXPECT_EQ(AI_Constant(nA, 1), AI_NO_VALUE);
@@ -90,13 +90,13 @@ TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
 
 TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
 {
-    AI_COpCE::Op const kOps[] = {AI_COpCE::opAnd,  AI_COpCE::opOr,  AI_COpCE::opXor,
-                                 AI_COpCE::opNand, AI_COpCE::opNor, AI_COpCE::opXnor};
+    AI_COpCE::Op const kOps[]
+        = {AI_COpCE::opAnd, AI_COpCE::opOr, AI_COpCE::opXor, AI_COpCE::opNand, AI_COpCE::opNor, AI_COpCE::opXnor};
     char const *const kWords[] = {"and", "or", "xor", "nand", "nor", "xnor"};
     for (int i = 0; i < 6; ++i) {
-        AI_CCommandList *pCommands = ParseText(std::string("(defconst five 5)\n(defrule (") + kWords[i] +
-                                               " (food-amount greater-or-equal five) (not (false)))"
-                                               " => (chat-to-all \"hi\") (do-nothing))");
+        AI_CCommandList *pCommands = ParseText(std::string("(defconst five 5)\n(defrule (") + kWords[i]
+                                               + " (food-amount greater-or-equal five) (not (false)))"
+                                                 " => (chat-to-all \"hi\") (do-nothing))");
         auto const *pOp = dynamic_cast<AI_COpCE const *>(FirstCondition(pCommands, 1));
         ASSERT_NE(pOp, nullptr) << kWords[i];
         EXPECT_EQ(pOp->GetOp(), kOps[i]) << kWords[i];
@@ -110,7 +110,8 @@ TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
         // A constant argument is the integer it stands for.
         EXPECT_EQ(arguments[1]->GetType(), AI_EXPR_INTEGER);
         EXPECT_EQ(arguments[1]->GetContents().nInteger, 5);
-        auto const &actions = static_cast<AI_CDefruleCommand const *>(Commands(pCommands)[1])->GetActions()->GetActions();
+        auto const &actions
+            = static_cast<AI_CDefruleCommand const *>(Commands(pCommands)[1])->GetActions()->GetActions();
         AI_CExpression const *pText = actions.GetHead()->GetExpressions()->GetExpressions().GetHead();
         ASSERT_EQ(pText->GetType(), AI_EXPR_STRING);
         EXPECT_STREQ(*pText->GetContents().pString, "hi");
@@ -154,14 +155,15 @@ TEST_F(ActionsTest, BlocksStayWhenResolutionIsOff)
     EXPECT_EQ(AI_CParser::IsExpandBlocks(), 1);
     AI_CParser::EnableExpandBlocks(0);
     EXPECT_EQ(AI_CParser::IsExpandBlocks(), 0);
-    std::vector<AI_CCommand const *> commands = Commands(ParseText(
-        "#load-if-not-defined SMALL-MAP (load \"a\") #load-if-defined REGICIDE (load \"b\") #end-if #else (load \"c\") #end-if"));
+    std::vector<AI_CCommand const *> commands
+        = Commands(ParseText("#load-if-not-defined SMALL-MAP (load \"a\") #load-if-defined REGICIDE (load \"b\") "
+                             "#end-if #else (load \"c\") #end-if"));
     ASSERT_EQ(commands.size(), 1u);
     auto const *pBlock = dynamic_cast<AI_CBlock const *>(commands[0]);
     ASSERT_NE(pBlock, nullptr);
     EXPECT_EQ(pBlock->GetIf(), 0);
     EXPECT_EQ(pBlock->GetSID(), 131u);
-    EXPECT_EQ(LoadedNames(pBlock->GetElseCommands()), Names{"c.txt"});
+    EXPECT_EQ(LoadedNames(pBlock->GetElseCommands()), Names {"c.txt"});
     std::vector<AI_CCommand const *> then = Commands(pBlock->GetIfCommands());
     ASSERT_EQ(then.size(), 2u);
     auto const *pInner = dynamic_cast<AI_CBlock const *>(then[1]);

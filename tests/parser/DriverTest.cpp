@@ -33,7 +33,7 @@ TEST_F(DriverTest, EachNameIsParsedOnce)
     WriteFile("main.txt", "(load \"a\")");
     AI_CCommandList *pSecond = ParseFile("./main.txt");
     EXPECT_NE(pSecond, pFirst);
-    EXPECT_EQ(LoadedNames(pSecond), Names{"./a.txt"});
+    EXPECT_EQ(LoadedNames(pSecond), Names {"./a.txt"});
     EXPECT_EQ(m_pStrategy->GetCommandLists().GetCount(), 2);
 }
 
@@ -61,7 +61,7 @@ TEST_F(DriverTest, AFailedParseLeavesNothingBehind)
     EXPECT_TRUE(m_pStrategy->GetCommandLists().IsEmpty());
     // Once mended, the file is read again.
     WriteFile("main.txt", "(load \"mended\")");
-    EXPECT_EQ(LoadedNames(parser.Parse("main.txt")), Names{"mended.txt"});
+    EXPECT_EQ(LoadedNames(parser.Parse("main.txt")), Names {"mended.txt"});
     EXPECT_EQ(parser.Remembered(), 0);
 
     // Failures inside unfinished constructs; the sanitizer build checks that

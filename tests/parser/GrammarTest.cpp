@@ -6,8 +6,8 @@ namespace {
 
 std::string const kCommandStart = "parse error, expecting `'('' or `'#''";
 std::string const kTopLevel = "parse error, expecting `$' or `'('' or `'#''";
-std::string const kCommandWord =
-    "parse error, expecting `TOK_RW_DEFRULE' or `TOK_RW_DEFCONST' or `TOK_RW_LOAD' or `TOK_RW_LOAD_RANDOM'";
+std::string const kCommandWord
+    = "parse error, expecting `TOK_RW_DEFRULE' or `TOK_RW_DEFCONST' or `TOK_RW_LOAD' or `TOK_RW_LOAD_RANDOM'";
 std::string const kDirective = "parse error, expecting `TOK_D_LOAD_IF_DEFINED' or `TOK_D_LOAD_IF_NOT_DEFINED'";
 std::string const kEndIf = "parse error, expecting `TOK_D_END_IF'";
 std::string const kSymbol = "parse error, expecting `TOK_SYMBOL'";
@@ -89,7 +89,8 @@ Case const kLines[] = {
     {"(load \"a\") ; \"(# ) \xE9" + std::string(1, '\0') + "\n(load \"b\") ;; no line feed", "accepted"},
     // Directive words may stand apart from their hash.
     {"# load-if-defined DEATH-MATCH (load \"a\") #\tend-if", "accepted"},
-    {"#\nload-if-defined\nDEATH-MATCH\n(load \"a\")\n#\n\nend-if\n#;comment\nload-if-defined REGICIDE (load \"b\") #end-if x",
+    {"#\nload-if-defined\nDEATH-MATCH\n(load \"a\")\n#\n\nend-if\n#;comment\nload-if-defined REGICIDE (load \"b\") "
+     "#end-if x",
      SyntaxError(9, kTopLevel)},
     // A raw line feed in a string is counted, then reported; a backslash
     // before it continues the string.

@@ -12,14 +12,18 @@ TEST_F(ScannerTest, RelationalOperatorsAsWordsAndSymbols)
         char const *pszText;
         unsigned int anSIDs[3];
     } const kRuns[] = {
-        {"< less-than <=", {2300, 2300, 2301}},     {"less-or-equal > greater-than", {2301, 2302, 2302}},
-        {">= greater-or-equal ==", {2303, 2303, 2304}}, {"equal != not-equal", {2304, 2305, 2305}},
-        {"<=><", {2301, 2302, 2300}},               {"<<<", {2300, 2300, 2300}},
-        {">=>=!=", {2303, 2303, 2305}},             {"!=<>", {2305, 2300, 2302}},
+        {"< less-than <=", {2300, 2300, 2301}},
+        {"less-or-equal > greater-than", {2301, 2302, 2302}},
+        {">= greater-or-equal ==", {2303, 2303, 2304}},
+        {"equal != not-equal", {2304, 2305, 2305}},
+        {"<=><", {2301, 2302, 2300}},
+        {"<<<", {2300, 2300, 2300}},
+        {">=>=!=", {2303, 2303, 2305}},
+        {"!=<>", {2305, 2300, 2302}},
     };
     for (Run const &run : kRuns) {
-        std::vector<AI_CExpression const *> arguments =
-            Arguments(FirstCondition(ParseText(std::string("(defrule (three-ops ") + run.pszText + ")=>(do-nothing))")));
+        std::vector<AI_CExpression const *> arguments = Arguments(
+            FirstCondition(ParseText(std::string("(defrule (three-ops ") + run.pszText + ")=>(do-nothing))")));
         ASSERT_EQ(arguments.size(), 3u) << run.pszText;
         for (int i = 0; i < 3; ++i)
             EXPECT_EQ(arguments[i]->GetContents().nSID, run.anSIDs[i]) << run.pszText << " #" << i;
@@ -33,8 +37,13 @@ TEST_F(ScannerTest, IntegersAndTheirRange)
         char const *pszText;
         int nValue;
     } const kAccepted[] = {
-        {"0", 0},          {"-0", 0},    {"007", 7},   {"+5", 5},
-        {"2147483646", 2147483646},      {"-2147483647", -2147483647}, {"-000000000000000012", -12},
+        {"0", 0},
+        {"-0", 0},
+        {"007", 7},
+        {"+5", 5},
+        {"2147483646", 2147483646},
+        {"-2147483647", -2147483647},
+        {"-000000000000000012", -12},
     };
     for (Literal const &literal : kAccepted) {
         ParseText(std::string("(defconst c ") + literal.pszText + ")");
@@ -64,7 +73,8 @@ TEST_F(ScannerTest, LongSymbolsAndStringsAreCut)
     for (int i = 0; i < 5000; ++i)
         strText += static_cast<char>('a' + i % 26);
     // The scan goes on to the closing quote.
-    EXPECT_EQ(LoadsOf("(load \"" + strText + "\")\n(load \"next\")", "main"), (Names{strText.substr(0, 4095), "next"}));
+    EXPECT_EQ(LoadsOf("(load \"" + strText + "\")\n(load \"next\")", "main"),
+              (Names {strText.substr(0, 4095), "next"}));
 }
 
 TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
@@ -74,9 +84,14 @@ TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
         std::string strText;
         std::string strReported;
     } const kInvalid[] = {
-        {"=", "="},   {"!!", "!"},  {"+", "+"},   {"+a", "+"},  {".", "."},   {"/", "/"},
-        {",", ","},   {"'", "'"},   {"[", "["},   {"\r", "\r"}, {"\f", "\f"}, {"\x01", "\x01"},
-        {"\xE9", "\xE9"},           {std::string(1, '\0'), ""}, {"%s", "%"},
+        {"=", "="},       {"!!", "!"},
+        {"+", "+"},       {"+a", "+"},
+        {".", "."},       {"/", "/"},
+        {",", ","},       {"'", "'"},
+        {"[", "["},       {"\r", "\r"},
+        {"\f", "\f"},     {"\x01", "\x01"},
+        {"\xE9", "\xE9"}, {std::string(1, '\0'), ""},
+        {"%s", "%"},
     };
     for (Invalid const &invalid : kInvalid)
         EXPECT_EQ(ErrorOf("(load \"a\")\n" + invalid.strText + "(load \"b\")"),
@@ -90,12 +105,19 @@ TEST_F(ScannerTest, StringEscapes)
         char const *pszWritten;
         char const *pszText;
     } const kEscapes[] = {
-        {"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"}, {"\\q\\5\\;", "q5;"}, {"\\\\", "\\"},
-        {"a\\\" b", "a\" b"},  {"a;b#c(d) e", "a;b#c(d) e"},   {"", ""},   {"x\\\ny", "xy"},
-        {"\xE9t\\\xE9", "\xE9t\xE9"},   {"a\rb", "a\rb"},  {"x\\\r\ny", "xy"},
+        {"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
+        {"\\q\\5\\;", "q5;"},
+        {"\\\\", "\\"},
+        {"a\\\" b", "a\" b"},
+        {"a;b#c(d) e", "a;b#c(d) e"},
+        {"", ""},
+        {"x\\\ny", "xy"},
+        {"\xE9t\\\xE9", "\xE9t\xE9"},
+        {"a\rb", "a\rb"},
+        {"x\\\r\ny", "xy"},
     };
     for (Escape const &escape : kEscapes)
-        EXPECT_EQ(LoadsOf(std::string("(load \"") + escape.pszWritten + "\")", "main"), Names{escape.pszText})
+        EXPECT_EQ(LoadsOf(std::string("(load \"") + escape.pszWritten + "\")", "main"), Names {escape.pszText})
             << escape.pszWritten;
 }
 
@@ -104,9 +126,9 @@ TEST_F(ScannerTest, EveryParseStartsInTheInitialState)
     // Ended inside a string: at the end of input, by a raw line feed, and by
     // an error with text still buffered.
     ParseText("(load \"a\") \"unfinished (load", "first.txt");
-    EXPECT_EQ(LoadsOf("(load \"b\")", "main"), Names{"b"});
+    EXPECT_EQ(LoadsOf("(load \"b\")", "main"), Names {"b"});
     EXPECT_EQ(ErrorOf("(load \"a\nb\")", "second.txt"), "second.txt(2): Invalid character(s) encountered: '\n'.");
-    EXPECT_EQ(LoadsOf("(load \"c\")", "main"), Names{"c"});
+    EXPECT_EQ(LoadsOf("(load \"c\")", "main"), Names {"c"});
     EXPECT_EQ(ErrorOf("(load \"a\") = (load \"rest\") (load \"more\")"), InvalidCharacter(1, "="));
-    EXPECT_EQ(LoadsOf("(load \"d\")", "main"), Names{"d"});
+    EXPECT_EQ(LoadsOf("(load \"d\")", "main"), Names {"d"});
 }

@@ -52,7 +52,9 @@ TEST(SplitPath, SplitsLikeTheOriginal)
     for (auto const &c : cases) {
         CString drive("?"), dir("?"), fname("?"), ext("?");
         crt::SplitPath(c[0], drive, dir, fname, ext);
-        EXPECT_EQ(c[1], std::string(drive.GetString()) + "|" + dir.GetString() + "|" + fname.GetString() + "|" + ext.GetString());
+        EXPECT_EQ(c[1],
+                  std::string(drive.GetString()) + "|" + dir.GetString() + "|" + fname.GetString() + "|"
+                      + ext.GetString());
     }
 }
 

@@ -46,20 +46,20 @@ TEST(TypedPtrList, KeepsOrderThroughFindRemovalAndAppending)
     list.RemoveAt(secondB);  // the tail
     list.AddTail(&a);
     EXPECT_EQ(&c, list.GetHead());
-    EXPECT_EQ((std::vector<int>{3, 1}), Ids(list));
+    EXPECT_EQ((std::vector<int> {3, 1}), Ids(list));
 
     other.AddTail(&b);
     list.AddTail(&other);
-    EXPECT_EQ((std::vector<int>{3, 1, 2}), Ids(list));
-    EXPECT_EQ((std::vector<int>{2}), Ids(other));
+    EXPECT_EQ((std::vector<int> {3, 1, 2}), Ids(list));
+    EXPECT_EQ((std::vector<int> {2}), Ids(other));
     list.AddTail(&list);  // appending a list to itself doubles it
-    EXPECT_EQ((std::vector<int>{3, 1, 2, 3, 1, 2}), Ids(list));
+    EXPECT_EQ((std::vector<int> {3, 1, 2, 3, 1, 2}), Ids(list));
 
     list.RemoveAll();
     EXPECT_TRUE(list.IsEmpty());
     EXPECT_EQ(nullptr, list.GetHeadPosition());
     list.AddTail(&b);
-    EXPECT_EQ((std::vector<int>{2}), Ids(list));
+    EXPECT_EQ((std::vector<int> {2}), Ids(list));
 }  // both lists go while still holding pointers to the stack
 
 // Positions stay valid while a list grows, shrinks from the middle and grows
@@ -78,14 +78,14 @@ TEST(TypedPtrList, PositionsSurviveGrowthAndReuse)
     list.RemoveAt(positions[5]);
     for (int n : {1, 5, 0})
         positions[n] = list.AddTail(&items[n]);
-    EXPECT_EQ((std::vector<int>{2, 3, 4, 6, 7, 1, 5, 0}), Ids(list));
+    EXPECT_EQ((std::vector<int> {2, 3, 4, 6, 7, 1, 5, 0}), Ids(list));
     for (int n = 0; n < 8; ++n)
         EXPECT_EQ(&items[n], list.GetNext(positions[n] = list.Find(&items[n]))) << n;
 
     std::vector<int> backwards;
     for (POSITION pos = list.GetTailPosition(); pos;)
         backwards.push_back(list.GetPrev(pos)->m_nId);
-    EXPECT_EQ((std::vector<int>{0, 5, 1, 7, 6, 4, 3, 2}), backwards);
+    EXPECT_EQ((std::vector<int> {0, 5, 1, 7, 6, 4, 3, 2}), backwards);
     EXPECT_EQ(8, list.GetCount());
 }
 

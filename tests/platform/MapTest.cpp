@@ -30,7 +30,7 @@ template <class KEY, class ARG_KEY>
 std::vector<std::string> Keys(CMap<KEY, ARG_KEY, int, int> const &map)
 {
     std::vector<std::string> keys;
-    KEY key{};
+    KEY key {};
     int value = 0;
     for (POSITION pos = map.GetStartPosition(); pos;) {
         map.GetNextAssoc(pos, key, value);
@@ -47,12 +47,12 @@ TEST(Map, SidsEnumerateByBucketThenNewestFirst)
     map.SetAt(4016, 3);  // bucket 13
     map.SetAt(16, 4);    // bucket 1
     map.SetAt(0, 5);     // bucket 0
-    EXPECT_EQ((std::vector<std::string>{"0", "16", "4003", "4002", "4001", "4016"}), Keys(map));
+    EXPECT_EQ((std::vector<std::string> {"0", "16", "4003", "4002", "4001", "4016"}), Keys(map));
 
     // Setting an existing key changes its value in place.
     map.SetAt(4001, 10);
     map[4016] += 30;
-    EXPECT_EQ((std::vector<std::string>{"0", "16", "4003", "4002", "4001", "4016"}), Keys(map));
+    EXPECT_EQ((std::vector<std::string> {"0", "16", "4003", "4002", "4001", "4016"}), Keys(map));
     int value = 0;
     EXPECT_TRUE(map.Lookup(4001, value));
     EXPECT_EQ(10, value);
@@ -64,12 +64,12 @@ TEST(Map, SidsEnumerateByBucketThenNewestFirst)
     EXPECT_TRUE(map.RemoveKey(4003));  // the front of a chain
     EXPECT_TRUE(map.RemoveKey(4016));  // alone in its bucket
     map.SetAt(4002, 2);
-    EXPECT_EQ((std::vector<std::string>{"0", "16", "4002", "4001"}), Keys(map));
+    EXPECT_EQ((std::vector<std::string> {"0", "16", "4002", "4001"}), Keys(map));
     map.RemoveAll();
     EXPECT_EQ(nullptr, map.GetStartPosition());
     EXPECT_FALSE(map.Lookup(4001, value));
     map.SetAt(4001, 1);
-    EXPECT_EQ((std::vector<std::string>{"4001"}), Keys(map));
+    EXPECT_EQ((std::vector<std::string> {"4001"}), Keys(map));
 }
 
 TEST(Map, StringKeysEnumerateByTheirHashModulo17)
@@ -79,10 +79,10 @@ TEST(Map, StringKeysEnumerateByTheirHashModulo17)
     NameMap known;
     for (char const *name : {"b", "a", "a\xE9", "ab"})
         known.SetAt(name, 0);
-    EXPECT_EQ((std::vector<std::string>{"ab", "a", "b", "a\xE9"}), Keys(known));
+    EXPECT_EQ((std::vector<std::string> {"ab", "a", "b", "a\xE9"}), Keys(known));
 
-    std::vector<std::string> const names = {"main.txt", "common.txt", "a", "b", "Main.txt",
-                                            "r\xE9sum\xE9.per", "\xC3\xA9t\xC3\xA9.per", "dir/x.per"};
+    std::vector<std::string> const names
+        = {"main.txt", "common.txt", "a", "b", "Main.txt", "r\xE9sum\xE9.per", "\xC3\xA9t\xC3\xA9.per", "dir/x.per"};
     NameMap map;
     std::vector<std::vector<std::string>> buckets(17);
     for (size_t i = 0; i < names.size(); ++i) {

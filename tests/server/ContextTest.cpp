@@ -1,7 +1,7 @@
 // What the tokens around a cursor make of it: the place for completion and
 // the function and argument for signature help. `|` marks the cursor.
-#include "ServerTestSupport.h"
 #include "server/Context.h"
+#include "ServerTestSupport.h"
 
 namespace {
 
@@ -82,15 +82,16 @@ TEST_F(Context, FindsTheTokenUnderTheCursor)
         char const *text;
         char const *token;  // "" for none
     };
-    Row const rows[] = {{"(|train villager)", "train"}, {"(tra|in villager)", "train"}, {"(train| villager)", "train"},
-                        {"(train |villager)", "villager"}, {"(train  |  villager)", ""}, {"|", ""},
-                        {"(load |\"x\")", "\"x\""}};
+    Row const rows[]
+        = {{"(|train villager)", "train"},    {"(tra|in villager)", "train"}, {"(train| villager)", "train"},
+           {"(train |villager)", "villager"}, {"(train  |  villager)", ""},   {"|", ""},
+           {"(load |\"x\")", "\"x\""}};
     for (Row const &row : rows) {
         std::string text = row.text;
         std::size_t const mark = text.find('|');
         text.erase(mark, 1);
         std::vector<stratagem::Token> const tokens = stratagem::Tokenize(text);
-        stratagem::Token const *token = TokenAt(tokens, Cursor{1, static_cast<int>(mark) + 1});
+        stratagem::Token const *token = TokenAt(tokens, Cursor {1, static_cast<int>(mark) + 1});
         EXPECT_EQ(std::string(row.token), token ? token->text : "") << row.text;
     }
 }

@@ -11,7 +11,7 @@ using namespace stratagem::server;
 
 ContentChange Edit(int line, int from, int toLine, int to, std::string text)
 {
-    return {TextRange{{line, from}, {toLine, to}}, std::move(text)};
+    return {TextRange {{line, from}, {toLine, to}}, std::move(text)};
 }
 
 TEST(Documents, AppliesChangesInOrder)

@@ -24,8 +24,8 @@ class Features : public servertest::Vocabulary
 protected:
     static Json At(std::string const &name, int line, int character, Json extra = Json::object())
     {
-        Json params = {{"textDocument", {{"uri", DataUri(name)}}},
-                       {"position", {{"line", line}, {"character", character}}}};
+        Json params
+            = {{"textDocument", {{"uri", DataUri(name)}}}, {"position", {{"line", line}, {"character", character}}}};
         params.update(extra);
         return params;
     }
@@ -33,7 +33,8 @@ protected:
     {
         return {{"textDocument", {{"uri", DataUri(name)}, {"version", version}}},
                 {"contentChanges",
-                 {{{"range", {{"start", {{"line", line}, {"character", from}}}, {"end", {{"line", line}, {"character", to}}}}},
+                 {{{"range",
+                    {{"start", {{"line", line}, {"character", from}}}, {"end", {{"line", line}, {"character", to}}}}},
                    {"text", text}}}}};
     }
     static std::vector<std::string> Labels(Json const &completion)
@@ -70,7 +71,8 @@ TEST_F(Features, ConvertsDiagnostics)
     ASSERT_EQ(1u, diagnostics.size()) << diagnostics.dump();
     Json const &d = diagnostics[0];
     std::size_t const byteColumn = text.find("trian");
-    EXPECT_EQ((Json{{"start", {{"line", 0}, {"character", byteColumn - 3}}}, {"end", {{"line", 0}, {"character", byteColumn + 2}}}}),
+    EXPECT_EQ((Json {{"start", {{"line", 0}, {"character", byteColumn - 3}}},
+                     {"end", {{"line", 0}, {"character", byteColumn + 2}}}}),
               d["range"]);
     EXPECT_EQ(1, d["severity"]);
     EXPECT_EQ("stratagem", d["source"]);
@@ -99,8 +101,8 @@ TEST_F(Features, ClearsAFileThatLeavesTheStrategy)
     std::vector<Json> messages = session.Run();
     Json first;
     for (Json const &message : messages)
-        if (first.is_null() && message.value("method", "") == "textDocument/publishDiagnostics" &&
-            message["params"]["uri"] == DataUri(kBroken))
+        if (first.is_null() && message.value("method", "") == "textDocument/publishDiagnostics"
+            && message["params"]["uri"] == DataUri(kBroken))
             first = message["params"]["diagnostics"];
     EXPECT_EQ(1u, first.size());
     EXPECT_EQ(Json::array(), LastDiagnostics(messages, DataUri(kBroken)));
@@ -179,16 +181,16 @@ TEST_F(Features, Hovers)
         char const *expected;  // a part of the hover; "" for no hover
     };
     Row const rows[] = {
-        {6, 6, "(food-amount"},   // a fact: its signature
-        {6, 6, "rel-op"},         // ... and its parameter types
-        {8, 6, "unit"},           // an action
-        {8, 12, "SID"},           // a parameter word
-        {6, 20, "= 500"},         // a constant
-        {1, 12, "main.per:2"},    // ... and where it is defined
-        {10, 18, "nMapSize"},     // a define word: the setting it tests
-        {6, 17, ""},              // an operator
-        {3, 1, ""},               // a keyword
-        {4, 0, ""},               // an empty line
+        {6, 6, "(food-amount"},  // a fact: its signature
+        {6, 6, "rel-op"},        // ... and its parameter types
+        {8, 6, "unit"},          // an action
+        {8, 12, "SID"},          // a parameter word
+        {6, 20, "= 500"},        // a constant
+        {1, 12, "main.per:2"},   // ... and where it is defined
+        {10, 18, "nMapSize"},    // a define word: the setting it tests
+        {6, 17, ""},             // an operator
+        {3, 1, ""},              // a keyword
+        {4, 0, ""},              // an empty line
     };
     Session session;
     session.Initialize().OpenFromDisk(kMain);
@@ -238,8 +240,9 @@ TEST_F(Features, CompletesByPosition)
         std::string const text = servertest::ReadFile(servertest::DataPath(kMain)) + row.line;
         int const line = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
         Session session;
-        session.Initialize().Open(kMain, text).Request(1, "textDocument/completion",
-                                                       At(kMain, line, static_cast<int>(std::string(row.line).size())));
+        session.Initialize()
+            .Open(kMain, text)
+            .Request(1, "textDocument/completion", At(kMain, line, static_cast<int>(std::string(row.line).size())));
         std::vector<std::string> const labels = Labels(ResponseTo(session.Run(), 1)["result"]);
         for (std::string const &label : row.present)
             EXPECT_TRUE(Has(labels, label)) << row.line << " lacks " << label;
@@ -262,8 +265,10 @@ TEST_F(Features, HelpsWithSignatures)
                         {"(defrule (", -1}};
     for (Row const &row : rows) {
         Session session;
-        session.Initialize().Open("virtual.per", row.line).Request(
-            1, "textDocument/signatureHelp", At("virtual.per", 0, static_cast<int>(std::string(row.line).size())));
+        session.Initialize()
+            .Open("virtual.per", row.line)
+            .Request(1, "textDocument/signatureHelp",
+                     At("virtual.per", 0, static_cast<int>(std::string(row.line).size())));
         Json const result = ResponseTo(session.Run(), 1)["result"];
         if (row.active < 0) {
             EXPECT_TRUE(result.is_null()) << row.line;
@@ -285,9 +290,9 @@ TEST_F(Features, FindsDefinitionsAndReferences)
 {
     Session session;
     session.Initialize().OpenFromDisk(kMain);
-    session.Request(1, "textDocument/definition", At(kMain, 6, 20));     // big
-    session.Request(2, "textDocument/definition", At(kMain, 3, 8));      // "rules"
-    session.Request(3, "textDocument/definition", At(kMain, 8, 6));      // train: nothing
+    session.Request(1, "textDocument/definition", At(kMain, 6, 20));  // big
+    session.Request(2, "textDocument/definition", At(kMain, 3, 8));   // "rules"
+    session.Request(3, "textDocument/definition", At(kMain, 8, 6));   // train: nothing
     session.Request(4, "textDocument/references", At(kMain, 1, 12, {{"context", {{"includeDeclaration", true}}}}));
     session.Request(5, "textDocument/references", At(kMain, 1, 12, {{"context", {{"includeDeclaration", false}}}}));
     std::vector<Json> const messages = session.Run();
@@ -295,7 +300,7 @@ TEST_F(Features, FindsDefinitionsAndReferences)
     Json const constant = ResponseTo(messages, 1)["result"];
     ASSERT_EQ(1u, constant.size()) << constant.dump();
     EXPECT_EQ(DataUri(kMain), constant[0]["uri"]);
-    EXPECT_EQ((Json{{"start", {{"line", 2}, {"character", 10}}}, {"end", {{"line", 2}, {"character", 13}}}}),
+    EXPECT_EQ((Json {{"start", {{"line", 2}, {"character", 10}}}, {"end", {{"line", 2}, {"character", 13}}}}),
               constant[0]["range"]);
     EXPECT_EQ(DataUri(kRules), ResponseTo(messages, 2)["result"]["uri"]);
     EXPECT_TRUE(ResponseTo(messages, 3)["result"].is_null());
@@ -318,8 +323,8 @@ TEST_F(Features, OutlinesTheDocument)
     std::vector<std::pair<std::string, int>> outline;
     for (Json const &symbol : symbols)
         outline.push_back({symbol["name"], symbol["kind"]});
-    std::vector<std::pair<std::string, int>> const expected = {
-        {"goal-attack", 14}, {"big", 14}, {"rules", 1}, {"defrule", 12}, {"GIANT-MAP", 3}};
+    std::vector<std::pair<std::string, int>> const expected
+        = {{"goal-attack", 14}, {"big", 14}, {"rules", 1}, {"defrule", 12}, {"GIANT-MAP", 3}};
     EXPECT_EQ(expected, outline) << symbols.dump();
     ASSERT_EQ(5u, symbols.size());
     EXPECT_EQ("giant", symbols[4]["children"][0]["name"]);
@@ -332,10 +337,14 @@ TEST_F(Features, OffersQuickFixes)
     session.Initialize().OpenFromDisk(kBroken);
     Json const range = {{"start", {{"line", 2}, {"character", 6}}}, {"end", {{"line", 2}, {"character", 6}}}};
     session.Request(1, "textDocument/codeAction",
-                    {{"textDocument", {{"uri", DataUri(kBroken)}}}, {"range", range}, {"context", {{"diagnostics", Json::array()}}}});
+                    {{"textDocument", {{"uri", DataUri(kBroken)}}},
+                     {"range", range},
+                     {"context", {{"diagnostics", Json::array()}}}});
     Json const elsewhere = {{"start", {{"line", 4}, {"character", 0}}}, {"end", {{"line", 4}, {"character", 1}}}};
     session.Request(2, "textDocument/codeAction",
-                    {{"textDocument", {{"uri", DataUri(kBroken)}}}, {"range", elsewhere}, {"context", {{"diagnostics", Json::array()}}}});
+                    {{"textDocument", {{"uri", DataUri(kBroken)}}},
+                     {"range", elsewhere},
+                     {"context", {{"diagnostics", Json::array()}}}});
     std::vector<Json> const messages = session.Run();
     Json const actions = ResponseTo(messages, 1)["result"];
     ASSERT_FALSE(actions.empty());
@@ -344,7 +353,8 @@ TEST_F(Features, OffersQuickFixes)
     EXPECT_TRUE(first["isPreferred"].get<bool>());
     Json const edit = first["edit"]["changes"][DataUri(kBroken)][0];
     EXPECT_EQ("food-amount", edit["newText"]);
-    EXPECT_EQ((Json{{"start", {{"line", 2}, {"character", 5}}}, {"end", {{"line", 2}, {"character", 15}}}}), edit["range"]);
+    EXPECT_EQ((Json {{"start", {{"line", 2}, {"character", 5}}}, {"end", {{"line", 2}, {"character", 15}}}}),
+              edit["range"]);
     EXPECT_EQ(Json::array(), ResponseTo(messages, 2)["result"]);
 }
 

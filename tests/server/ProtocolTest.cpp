@@ -12,8 +12,7 @@ using servertest::Session;
 int const kProbe = 99;  // a request after the broken message proves the server goes on
 
 class Protocol : public servertest::Vocabulary
-{
-};
+{};
 
 Json Envelope(Json const &fields)
 {
@@ -28,8 +27,8 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
     {
         char const *name;
         bool initialized;
-        std::string raw;    // the broken message, framed or not
-        Json expectedId;    // of the error response
+        std::string raw;  // the broken message, framed or not
+        Json expectedId;  // of the error response
         int expectedCode;
     };
     auto const frame = [](std::string const &body) { return servertest::Frame(body); };
@@ -53,8 +52,7 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
         {"params not an object", true,
          frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", {1, 2}}}).dump()), 5, -32602},
         {"params missing fields", true,
-         frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", Json::object()}}).dump()), 5,
-         -32602},
+         frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", Json::object()}}).dump()), 5, -32602},
         {"position of the wrong type", true,
          frame(Envelope({{"id", 5},
                          {"method", "textDocument/hover"},
@@ -62,17 +60,19 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
                    .dump()),
          5, -32602},
         {"negative position", true,
-         frame(Envelope({{"id", 5},
-                         {"method", "textDocument/completion"},
-                         {"params",
-                          {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", -1}, {"character", 0}}}}}})
+         frame(Envelope(
+                   {{"id", 5},
+                    {"method", "textDocument/completion"},
+                    {"params",
+                     {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", -1}, {"character", 0}}}}}})
                    .dump()),
          5, -32602},
         {"position not an integer", true,
          frame(Envelope({{"id", 5},
                          {"method", "textDocument/completion"},
                          {"params",
-                          {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", 1e300}, {"character", 0}}}}}})
+                          {{"textDocument", {{"uri", "file:///x.per"}}},
+                           {"position", {{"line", 1e300}, {"character", 0}}}}}})
                    .dump()),
          5, -32602},
         {"position too large", true,
@@ -83,8 +83,8 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
                            {"position", {{"line", 0}, {"character", 18446744073709551615ull}}}}}})
                    .dump()),
          5, -32602},
-        {"initialize twice", true, frame(Envelope({{"id", 5}, {"method", "initialize"}, {"params", Json::object()}}).dump()),
-         5, -32600},
+        {"initialize twice", true,
+         frame(Envelope({{"id", 5}, {"method", "initialize"}, {"params", Json::object()}}).dump()), 5, -32600},
         {"request before initialize", false, frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}}).dump()), 5,
          -32002},
     };
@@ -131,8 +131,9 @@ TEST_F(Protocol, DropsNotificationsQuietly)
         session.Send(row.notification).Request(kProbe, row.initialized ? "shutdown" : "initialize");
         for (Json const &message : session.Run()) {
             EXPECT_FALSE(message.contains("error")) << row.name << ": " << message.dump();
-            if (message.value("method", "") == "window/showMessage")
+            if (message.value("method", "") == "window/showMessage") {
                 EXPECT_EQ("invalid params", row.name) << message.dump();
+            }
         }
     }
 }

@@ -82,8 +82,8 @@ public:
     Session &Open(std::string const &name, std::string const &text, int version = 1)
     {
         return Notify("textDocument/didOpen",
-                      {{"textDocument", {{"uri", DataUri(name)}, {"languageId", "stratagem"}, {"version", version},
-                                         {"text", text}}}});
+                      {{"textDocument",
+                        {{"uri", DataUri(name)}, {"languageId", "stratagem"}, {"version", version}, {"text", text}}}});
     }
     Session &OpenFromDisk(std::string const &name) { return Open(name, ReadFile(DataPath(name))); }
 

@@ -22,11 +22,10 @@ TEST(Text, ConvertsBetweenUnitsAndBytes)
         std::size_t offset;  // from the start of the text
     };
     Row const rows[] = {
-        {{0, 0}, 0},   {{0, 3}, 3},  {{0, 99}, 3},   // past the end of a line: its end
-        {{1, 0}, 4},   {{1, 1}, 5},  {{1, 2}, 7},   {{1, 3}, 10},
-        {{1, 4}, 10},                                 // inside the surrogate pair: its start
-        {{1, 5}, 14},  {{1, 6}, 15}, {{1, 7}, 15},  // CR LF is not part of the line
-        {{2, 0}, 17},  {{2, 4}, 21}, {{9, 0}, 21},  // past the last line: the end
+        {{0, 0}, 0},  {{0, 3}, 3},  {{0, 99}, 3},                              // past the end of a line: its end
+        {{1, 0}, 4},  {{1, 1}, 5},  {{1, 2}, 7},  {{1, 3}, 10}, {{1, 4}, 10},  // inside the surrogate pair: its start
+        {{1, 5}, 14}, {{1, 6}, 15}, {{1, 7}, 15},                              // CR LF is not part of the line
+        {{2, 0}, 17}, {{2, 4}, 21}, {{9, 0}, 21},                              // past the last line: the end
     };
     for (Row const &row : rows) {
         EXPECT_EQ(row.offset, text.Offset(row.position)) << row.position.line << ":" << row.position.character;
@@ -36,7 +35,8 @@ TEST(Text, ConvertsBetweenUnitsAndBytes)
         std::size_t offset;
         Position position;
     };
-    Back const backs[] = {{0, {0, 0}}, {5, {1, 1}}, {7, {1, 2}}, {14, {1, 5}}, {15, {1, 6}}, {17, {2, 0}}, {99, {2, 4}}};
+    Back const backs[]
+        = {{0, {0, 0}}, {5, {1, 1}}, {7, {1, 2}}, {14, {1, 5}}, {15, {1, 6}}, {17, {2, 0}}, {99, {2, 4}}};
     for (Back const &back : backs) {
         Position const position = text.PositionAt(back.offset);
         EXPECT_EQ(back.position.line, position.line) << back.offset;
@@ -52,8 +52,8 @@ TEST(Text, CountsLinesOfEveryTerminator)
         int lines;
         std::string lastLine;
     };
-    Row const rows[] = {{"", 1, ""},           {"a", 1, "a"},         {"a\n", 2, ""},     {"a\r\nb", 2, "b"},
-                        {"a\rb\rc", 3, "c"},   {"\n\n\n", 4, ""},     {"a\r", 2, ""},     {"x\r\n\r\ny", 3, "y"}};
+    Row const rows[] = {{"", 1, ""},         {"a", 1, "a"},     {"a\n", 2, ""}, {"a\r\nb", 2, "b"},
+                        {"a\rb\rc", 3, "c"}, {"\n\n\n", 4, ""}, {"a\r", 2, ""}, {"x\r\n\r\ny", 3, "y"}};
     for (Row const &row : rows) {
         Text const text(row.content);
         EXPECT_EQ(row.lines, text.LineCount()) << row.content;

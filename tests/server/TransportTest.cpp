@@ -14,7 +14,10 @@ using stratagem::server::ReadStatus;
 
 namespace {
 
-std::string Frame(std::string const &body) { return "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body; }
+std::string Frame(std::string const &body)
+{
+    return "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+}
 
 // Every status the reader gives for the input, with the body of each message.
 std::vector<std::string> ReadAll(std::string const &input, ReadLimits limits = {})
@@ -53,7 +56,8 @@ TEST(Transport, ReadsFramedMessages)
     Row const rows[] = {
         {"one", Frame("{}"), {"msg:{}"}},
         {"two back to back", Frame("[1]") + Frame("{\"a\":2}"), {"msg:[1]", "msg:{\"a\":2}"}},
-        {"content type", "Content-Length: 2\r\nContent-Type: application/vscode-jsonrpc; charset=utf-8\r\n\r\n{}",
+        {"content type",
+         "Content-Length: 2\r\nContent-Type: application/vscode-jsonrpc; charset=utf-8\r\n\r\n{}",
          {"msg:{}"}},
         {"field name in any case, LF only", "content-length:2\n\n{}", {"msg:{}"}},
         {"spaces around the value", "Content-Length:   2  \r\n\r\n{}", {"msg:{}"}},
@@ -83,8 +87,7 @@ TEST(Transport, RecoversFromMalformedHeaders)
         {"huge number", "Content-Length: 99999999999999999999999\r\n\r\n" + Frame("[]"), {"bad-header", "msg:[]"}},
         {"two lengths", "Content-Length: 2\r\nContent-Length: 3\r\n\r\n{}" + Frame("[]"), {"bad-header", "msg:[]"}},
         {"line without colon", "garbage\r\n\r\n" + Frame("[]"), {"bad-header", "msg:[]"}},
-        {"body glued to the next header", "Content-Length: x\r\n\r\n{\"a\":1}" + Frame("[]"),
-         {"bad-header", "msg:[]"}},
+        {"body glued to the next header", "Content-Length: x\r\n\r\n{\"a\":1}" + Frame("[]"), {"bad-header", "msg:[]"}},
         {"garbage to the end", "Content-Length: x\r\n\r\nno more", {"bad-header"}},
     };
     for (Row const &row : rows)
@@ -97,11 +100,12 @@ TEST(Transport, BoundsHeaderAndBody)
     limits.maxHeaderBytes = 64;
     limits.maxBodyBytes = 16;
     std::string const longLine = "X-Padding: " + std::string(1000, 'p') + "\r\n";
-    EXPECT_EQ((std::vector<std::string>{"too-large", "msg:{}"}), ReadAll(Frame(std::string(17, ' ')) + Frame("{}"), limits));
-    EXPECT_EQ((std::vector<std::string>{"msg:0123456789abcdef"}), ReadAll(Frame("0123456789abcdef"), limits));
-    EXPECT_EQ((std::vector<std::string>{"bad-header", "msg:{}"}), ReadAll(longLine + "\r\n" + Frame("{}"), limits));
+    EXPECT_EQ((std::vector<std::string> {"too-large", "msg:{}"}),
+              ReadAll(Frame(std::string(17, ' ')) + Frame("{}"), limits));
+    EXPECT_EQ((std::vector<std::string> {"msg:0123456789abcdef"}), ReadAll(Frame("0123456789abcdef"), limits));
+    EXPECT_EQ((std::vector<std::string> {"bad-header", "msg:{}"}), ReadAll(longLine + "\r\n" + Frame("{}"), limits));
     // An oversized body that never arrives ends the input rather than waiting.
-    EXPECT_EQ((std::vector<std::string>{}), ReadAll("Content-Length: 1000\r\n\r\nshort", limits));
+    EXPECT_EQ((std::vector<std::string> {}), ReadAll("Content-Length: 1000\r\n\r\nshort", limits));
 }
 
 TEST(Transport, WritesFrames)

@@ -44,7 +44,7 @@ TEST(Uri, NormalisesPaths)
         std::string path, base, normal;
     };
     Row const rows[] = {
-        {"/a/./b//c.per", "", "/a/b/c.per"}, {"/a/b/../c.per", "", "/a/c.per"}, {"/../x", "", "/x"},
+        {"/a/./b//c.per", "", "/a/b/c.per"},       {"/a/b/../c.per", "", "/a/c.per"},        {"/../x", "", "/x"},
         {"sub/x.per", "/root", "/root/sub/x.per"}, {"../x.per", "/root/dir", "/root/x.per"}, {"/", "", "/"},
     };
     for (Row const &row : rows)

@@ -64,7 +64,7 @@ protected:
     // The commands of the file's list, in order.
     std::vector<AI_CObject *> CommandsOf(std::string const &strPath) const
     {
-        return List(strPath) ? Children(*List(strPath)) : std::vector<AI_CObject *>{};
+        return List(strPath) ? Children(*List(strPath)) : std::vector<AI_CObject *> {};
     }
 
     std::string m_strDir;
@@ -80,7 +80,7 @@ TEST_F(Analyze, AnErrorEndsTheAnalysisAndKeepsWhatWasReadBefore)
     std::string strMain = Write("m.per", "(defconst cm 3)\n");
     EXPECT_EQ(RUNTIME_CLASS(AI_CParseException), Run(strMain, {strA, strB}));
     EXPECT_NE(nullptr, List(strA));
-    EXPECT_EQ(std::vector<int>{1}, Values("ca"));
+    EXPECT_EQ(std::vector<int> {1}, Values("ca"));
     EXPECT_EQ(nullptr, List(strB));
     EXPECT_EQ(nullptr, List(strMain));
     EXPECT_EQ(0u, AI_Symbol("cm"));
@@ -97,5 +97,5 @@ TEST_F(Analyze, AnErrorEndsTheAnalysisAndKeepsWhatWasReadBefore)
     std::vector<AI_CObject *> commands = CommandsOf(strLoads);
     ASSERT_EQ(2u, commands.size());
     EXPECT_EQ(0, static_cast<AI_CCommand *>(commands[1])->IsLoaded());
-    EXPECT_EQ(std::vector<int>{1}, Values("c"));
+    EXPECT_EQ(std::vector<int> {1}, Values("c"));
 }

@@ -8,7 +8,8 @@ using StrategyListing = ObjectsTest;
 namespace {
 
 // Writes single sections for the tests.
-struct OpenStrategy : AI_CStrategy {
+struct OpenStrategy : AI_CStrategy
+{
     using AI_CStrategy::AI_CStrategy;
     std::string Write(void (AI_CStrategy::*pWriter)(std::ostream &, int) const, int nLevel) const
     {
@@ -22,7 +23,8 @@ struct OpenStrategy : AI_CStrategy {
 };
 
 // Replaces every section by a marker that shows the level it was given.
-struct MarkedStrategy : AI_CStrategy {
+struct MarkedStrategy : AI_CStrategy
+{
     using AI_CStrategy::AI_CStrategy;
     void PrettyPrintGameSettings(std::ostream &os, int nLevel) const override { os << "[G" << nLevel << "]\n"; }
     void PrettyPrintFiles(std::ostream &os, int nLevel) const override { os << "[F" << nLevel << "]\n"; }
@@ -41,9 +43,9 @@ std::string SettingsSection(std::string const &strIndent, std::initializer_list<
 
 std::string DefaultSettingsSection(std::string const &strIndent)
 {
-    return SettingsSection(strIndent, {"DARK-AGE-START", "MEDIUM-RESOURCES-START", "SMALL-MAP", "COASTAL-MAP",
-                                       "VICTORY-STANDARD", "DIFFICULTY-MODERATE", "POPULATION-CAP-75", "BYZANTINE-CIV",
-                                       "GAME-SPEED-LOCKED"});
+    return SettingsSection(strIndent,
+                           {"DARK-AGE-START", "MEDIUM-RESOURCES-START", "SMALL-MAP", "COASTAL-MAP", "VICTORY-STANDARD",
+                            "DIFFICULTY-MODERATE", "POPULATION-CAP-75", "BYZANTINE-CIV", "GAME-SPEED-LOCKED"});
 }
 
 }  // namespace
@@ -53,9 +55,9 @@ TEST_F(StrategyListing, EmptyStrategyAtALevelIndentsEveryLineAfterTheSemicolon)
 {
     AI_CStrategy strategy("s", "m", DefaultSettings());
     strategy.AddCommandList("./m", Commands({new AI_CDefconstCommand(0, 1, nullptr)}));
-    EXPECT_EQ(";\ts\n\n;\tm\n\n" + DefaultSettingsSection("\t") + "\n;\tFiles:  " + Stars(66) + "\n;\t./m\n\n" +
-                  ";\tConstants:  " + Stars(62) + "\n\n;\tSTART m " + Stars(72) + "\n\n\n;\tEND m " + Stars(74) +
-                  "\n\n",
+    EXPECT_EQ(";\ts\n\n;\tm\n\n" + DefaultSettingsSection("\t") + "\n;\tFiles:  " + Stars(66) + "\n;\t./m\n\n"
+                  + ";\tConstants:  " + Stars(62) + "\n\n;\tSTART m " + Stars(72) + "\n\n\n;\tEND m " + Stars(74)
+                  + "\n\n",
               Listing(strategy, 1));
 }
 

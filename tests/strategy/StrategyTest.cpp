@@ -38,14 +38,18 @@ TEST_F(Strategy, ConstantValuesAreRecordedInOrderAndDeleted)
     strategy.AddConstantValue(4001, 7);
     strategy.AddConstantValue(4001, 9);
     strategy.AddConstantValue(4002, -1);
-    ExpectRows<int>({{strategy.Constant(4001, 0), 7}, {strategy.Constant(4001, 1), 9},
-                     {strategy.Constant(4001, 2), nNoValue}, {strategy.Constant(4002, 0), -1},
-                     {strategy.DeleteConstant(4001), 1}, {strategy.DeleteConstant(4001), 0},
-                     {strategy.Constant(4001, 0), nNoValue}, {strategy.Constant(4002, 0), -1}});
+    ExpectRows<int>({{strategy.Constant(4001, 0), 7},
+                     {strategy.Constant(4001, 1), 9},
+                     {strategy.Constant(4001, 2), nNoValue},
+                     {strategy.Constant(4002, 0), -1},
+                     {strategy.DeleteConstant(4001), 1},
+                     {strategy.DeleteConstant(4001), 0},
+                     {strategy.Constant(4001, 0), nNoValue},
+                     {strategy.Constant(4002, 0), -1}});
     strategy.DeleteConstants();
     EXPECT_EQ(0, strategy.GetConstants().GetCount());
     strategy.AddConstantValue(4002, 3);  // the table works on after emptying
-    EXPECT_EQ(std::vector<int>{3}, Values(strategy, 4002));
+    EXPECT_EQ(std::vector<int> {3}, Values(strategy, 4002));
 }
 
 // Names are matched exactly. Storing a name again replaces the list without
@@ -69,7 +73,7 @@ TEST_F(Strategy, OwnsEveryStoredListOnceAndShowsOnlyTheMainFilesListAsChild)
         strategy.AddCommandList("main.per", pMain);
         EXPECT_EQ(pMain, strategy.CommandList("main.per"));
         EXPECT_EQ(2, strategy.GetCommandLists().GetCount());
-        EXPECT_EQ(std::vector<AI_CObject *>{pMain}, Children(strategy));
+        EXPECT_EQ(std::vector<AI_CObject *> {pMain}, Children(strategy));
         // Both lists refer to "Main.per", and it to itself and "main.per".
         pMain->Add(new HandLoad(Str("Main.per"), pCommon));
         pMain->Add(new HandLoad(Str("Main.per"), pCommon));
@@ -79,7 +83,7 @@ TEST_F(Strategy, OwnsEveryStoredListOnceAndShowsOnlyTheMainFilesListAsChild)
         EXPECT_TRUE(log.empty());
     }
     std::sort(log.begin(), log.end());
-    EXPECT_EQ((std::vector<int>{2, 3}), log);
+    EXPECT_EQ((std::vector<int> {2, 3}), log);
     delete pOld;
 
     AI_CStrategy strategy("s", "m", DefaultSettings());

@@ -68,10 +68,20 @@ TEST_F(Builtins, SelectedWordsAndSignatures)
 {
     RegisterBuiltins();
     std::pair<char const *, unsigned int> const words[] = {
-        {"true", 300}, {"cc-players-unit-type-count", 473}, {"chat-local-to-self", 503}, {"do-nothing", 600},
-        {"DEATH-MATCH", 100}, {"POPULATION-CAP-200", 187}, {"VIKING-CIV", 223}, {"kills", 1100},
-        {"my-player-number", 2216}, {"not-equal", 2305}, {"my-unique-unit-upgrade", 2570},
-        {"sn-allow-diplomacy-change-on-tribut", 2962}, {"my-unique-unit-line", 3152}, {"this-any-neutral", 3410},
+        {"true", 300},
+        {"cc-players-unit-type-count", 473},
+        {"chat-local-to-self", 503},
+        {"do-nothing", 600},
+        {"DEATH-MATCH", 100},
+        {"POPULATION-CAP-200", 187},
+        {"VIKING-CIV", 223},
+        {"kills", 1100},
+        {"my-player-number", 2216},
+        {"not-equal", 2305},
+        {"my-unique-unit-upgrade", 2570},
+        {"sn-allow-diplomacy-change-on-tribut", 2962},
+        {"my-unique-unit-line", 3152},
+        {"this-any-neutral", 3410},
     };
     for (auto const &word : words) {
         EXPECT_EQ(word.second, AI_Symbol(word.first)) << word.first;
@@ -83,8 +93,8 @@ TEST_F(Builtins, SelectedWordsAndSignatures)
     EXPECT_EQ("", Name(2955));
 
     std::pair<unsigned int, std::vector<int>> const signatures[] = {
-        {300, {}},       {396, {1, 2}}, {471, {16, 33, 1, 2}}, {459, {16, 1, 18}}, {312, {16, 37}}, {310, {11, 12}},
-        {600, {}},       {613, {21, 2}}, {561, {16, 10, 2}},   {515, {16, 26, 27}}, {520, {29, 30}}, {609, {28, 2}},
+        {300, {}}, {396, {1, 2}},  {471, {16, 33, 1, 2}}, {459, {16, 1, 18}},  {312, {16, 37}}, {310, {11, 12}},
+        {600, {}}, {613, {21, 2}}, {561, {16, 10, 2}},    {515, {16, 26, 27}}, {520, {29, 30}}, {609, {28, 2}},
     };
     for (auto const &signature : signatures) {
         unsigned int const sid = signature.first;
@@ -103,7 +113,7 @@ TEST_F(Builtins, RegisteringAgainRestoresWithoutDuplicating)
     EXPECT_EQ(1, AI_DeleteParam(2304));
     RegisterBuiltins();
     EXPECT_STREQ("wood-amount", AI_Fact(396)->GetName());
-    EXPECT_EQ((std::vector<int>{1, 2}), Params(*AI_Fact(396)));
+    EXPECT_EQ((std::vector<int> {1, 2}), Params(*AI_Fact(396)));
     EXPECT_EQ(2304u, AI_Symbol("equal"));
     EXPECT_EQ(1, AI_IsOfType(AI_PT_REL_OP, 2304u));
     EXPECT_EQ(110 + 54 + 66 + 547, CountNamed(0, 5000));

@@ -27,7 +27,7 @@ TEST_F(CFunction, ConstructorsKeepTheCodesInOrder)
     AI_CFunction function(471, "cc-players-building-type-count", codes);
     codes[0] = 5;
     codes.Add(9);
-    EXPECT_EQ((std::vector<int>{16, 0, 33, 0, 1, 2, 7, 40}), Params(function));
+    EXPECT_EQ((std::vector<int> {16, 0, 33, 0, 1, 2, 7, 40}), Params(function));
 }
 
 TEST_F(FunctionTable, RegistrationStoresAndReplacesTheSignature)
@@ -38,10 +38,10 @@ TEST_F(FunctionTable, RegistrationStoresAndReplacesTheSignature)
     ASSERT_NE(nullptr, fact);
     EXPECT_EQ(396u, fact->GetSID());
     EXPECT_STREQ("wood-amount", fact->GetName());
-    EXPECT_EQ((std::vector<int>{5, 2}), Params(*fact));
+    EXPECT_EQ((std::vector<int> {5, 2}), Params(*fact));
     EXPECT_EQ(nullptr, AI_Action(396));
     ASSERT_NE(nullptr, AI_Action(613));
-    EXPECT_EQ((std::vector<int>{21, 2}), Params(*AI_Action(613)));
+    EXPECT_EQ((std::vector<int> {21, 2}), Params(*AI_Action(613)));
     EXPECT_EQ(nullptr, AI_Fact(613));
 
     // Other registrations, in or out of the range, leave the signature where
@@ -54,7 +54,7 @@ TEST_F(FunctionTable, RegistrationStoresAndReplacesTheSignature)
     AI_AddFact(396, "lumber-amount", 5);
     ASSERT_NE(nullptr, AI_Fact(396));
     EXPECT_STREQ("lumber-amount", AI_Fact(396)->GetName());
-    EXPECT_EQ((std::vector<int>{5}), Params(*AI_Fact(396)));
+    EXPECT_EQ((std::vector<int> {5}), Params(*AI_Fact(396)));
 }
 
 // Delete functions forget the SID's name whatever its kind, and only the

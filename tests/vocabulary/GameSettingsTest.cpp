@@ -21,7 +21,7 @@ TEST_F(GameSettings, DefaultsHoldForTheirDefines)
 // its own stored value; SIDs outside every group never hold.
 TEST_F(GameSettings, FieldsSelectTheirSidsAndFlagsAnswerTheirValue)
 {
-    AI_GameSettings settings{};
+    AI_GameSettings settings {};
     settings.bRegicide = 7;
     settings.nStartingAge = 4;
     settings.nMapType = 15;
@@ -33,9 +33,9 @@ TEST_F(GameSettings, FieldsSelectTheirSidsAndFlagsAnswerTheirValue)
         unsigned int nSID;
         int nExpected;
     } const rows[] = {
-        {100, 0},   {101, 7},   {110, 0}, {114, 1}, {115, 0}, {120, 1}, {140, 0}, {155, 1}, {159, 0},
-        {180, 0},   {189, 0},   {190, 0}, {200, INT_MIN},      {210, 0}, {223, 1}, {229, 0}, {0, 0},
-        {99, 0},    {102, 0},   {109, 0}, {191, 0}, {199, 0}, {201, 0}, {230, 0}, {4001, 0}, {0xFFFFFFFFu, 0},
+        {100, 0}, {101, 7}, {110, 0}, {114, 1},       {115, 0}, {120, 1}, {140, 0},  {155, 1},         {159, 0},
+        {180, 0}, {189, 0}, {190, 0}, {200, INT_MIN}, {210, 0}, {223, 1}, {229, 0},  {0, 0},           {99, 0},
+        {102, 0}, {109, 0}, {191, 0}, {199, 0},       {201, 0}, {230, 0}, {4001, 0}, {0xFFFFFFFFu, 0},
     };
     for (Row const &row : rows)
         EXPECT_EQ(row.nExpected, AI_DefineFor(settings, row.nSID)) << row.nSID;

@@ -17,11 +17,26 @@ TEST_F(ParamType, SymbolsAcceptedOnlyInsideTheCodesRangesOnceRegistered)
         unsigned int nSID;
         int bAccepted;
     } const rows[] = {
-        {AI_PT_REL_OP, 2300, 1},    {AI_PT_REL_OP, 2399, 1},    {AI_PT_REL_OP, 2400, 0},   {AI_PT_REL_OP, 2299, 0},
-        {AI_PT_PLAYER, 2200, 1},    {AI_PT_PLAYER, 3499, 1},    {AI_PT_PLAYER, 3399, 0},   {AI_PT_BUILDING, 1300, 1},
-        {AI_PT_BUILDING, 1400, 0},  {AI_PT_RESOURCE, 2600, 1},  {AI_PT_COMMODITY, 2699, 1}, {AI_PT_VALUE, 1300, 0},
-        {AI_PT_STRING, 1300, 0},    {32, 2400, 1},              {32, 1299, 1},             {32, 1300, 0},
-        {33, 3300, 1},              {33, 1399, 1},              {33, 1400, 0},             {37, 1100, 0},
+        {AI_PT_REL_OP, 2300, 1},
+        {AI_PT_REL_OP, 2399, 1},
+        {AI_PT_REL_OP, 2400, 0},
+        {AI_PT_REL_OP, 2299, 0},
+        {AI_PT_PLAYER, 2200, 1},
+        {AI_PT_PLAYER, 3499, 1},
+        {AI_PT_PLAYER, 3399, 0},
+        {AI_PT_BUILDING, 1300, 1},
+        {AI_PT_BUILDING, 1400, 0},
+        {AI_PT_RESOURCE, 2600, 1},
+        {AI_PT_COMMODITY, 2699, 1},
+        {AI_PT_VALUE, 1300, 0},
+        {AI_PT_STRING, 1300, 0},
+        {32, 2400, 1},
+        {32, 1299, 1},
+        {32, 1300, 0},
+        {33, 3300, 1},
+        {33, 1399, 1},
+        {33, 1400, 0},
+        {37, 1100, 0},
     };
     for (Row const &row : rows)
         EXPECT_EQ(0, AI_IsOfType(row.nCode, row.nSID)) << "unregistered " << row.nSID << " code " << row.nCode;
@@ -47,8 +62,9 @@ TEST_F(ParamType, IntegersAcceptedOnlyInsideTheCodesRange)
     {
         int nCode, nMin, nMax;  // nMin > nMax: no integer
     } const rows[] = {
-        {AI_PT_VALUE, -32768, 32767}, {12, 0, 255},  {13, 1, 40},          {AI_PT_PLAYER, 1, 8}, {22, 1, 255},
-        {34, 1, 2},                   {37, -32768, 32767}, {AI_PT_REL_OP, 1, 0}, {AI_PT_STRING, 1, 0},
+        {AI_PT_VALUE, -32768, 32767}, {12, 0, 255},         {13, 1, 40},
+        {AI_PT_PLAYER, 1, 8},         {22, 1, 255},         {34, 1, 2},
+        {37, -32768, 32767},          {AI_PT_REL_OP, 1, 0}, {AI_PT_STRING, 1, 0},
     };
     for (Row const &row : rows)
         for (int value : {INT_MIN, row.nMin - 1, row.nMin, row.nMax, row.nMax + 1, INT_MAX, 0, 1})

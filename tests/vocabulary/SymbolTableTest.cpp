@@ -28,9 +28,10 @@ TEST_F(SymbolTable, LookupIsExactAndAnEmptyRegistryAnswersNothing)
 // name - whichever function gave it the name.
 TEST_F(SymbolTable, KindFollowsOnlyFromTheRange)
 {
-    std::pair<unsigned int, int> const probes[] = {  // SID, index into kKindTests or -1
-        {99, -1},  {100, 0},   {299, 0},  {300, 1},  {499, 1},  {500, 2},  {699, 2},        {700, -1},
-        {1099, -1}, {1100, 3}, {3499, 3}, {3500, -1}, {4000, -1}, {4001, 4}, {0xFFFFFFFFu, 4}};
+    std::pair<unsigned int, int> const probes[]
+        = {// SID, index into kKindTests or -1
+           {99, -1},   {100, 0},  {299, 0},  {300, 1},   {499, 1},   {500, 2},  {699, 2},        {700, -1},
+           {1099, -1}, {1100, 3}, {3499, 3}, {3500, -1}, {4000, -1}, {4001, 4}, {0xFFFFFFFFu, 4}};
     for (auto const &p : probes)
         AI_AddParam(p.first, ("word-" + std::to_string(p.first)).c_str());
     for (auto const &p : probes)

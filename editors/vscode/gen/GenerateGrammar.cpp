@@ -24,13 +24,10 @@ Outputs Build()
     AI_AddDefines();
     AI_AddParams();
     Outputs outputs;
-    try
-    {
+    try {
         outputs.grammar = grammar::BuildGrammar().dump(2) + "\n";
         outputs.wordsTest = grammar::BuildWordsSyntaxTest();
-    }
-    catch (...)
-    {
+    } catch (...) {
         AI_DeleteAll();
         throw;
     }
@@ -48,30 +45,22 @@ bool Write(std::string const &text, char const *path)
 
 int main(int argc, char **argv)
 {
-    if (argc < 2 || argc > 3)
-    {
+    if (argc < 2 || argc > 3) {
         std::cerr << "usage: " << argv[0] << " GRAMMAR.json [WORDS-TEST.per]\n";
         return 2;
     }
-    try
-    {
+    try {
         Outputs const outputs = Build();
-        for (int i = 1; i < argc; ++i)
-        {
-            if (!Write(i == 1 ? outputs.grammar : outputs.wordsTest, argv[i]))
-            {
+        for (int i = 1; i < argc; ++i) {
+            if (!Write(i == 1 ? outputs.grammar : outputs.wordsTest, argv[i])) {
                 std::cerr << argv[0] << ": cannot write " << argv[i] << "\n";
                 return 1;
             }
         }
         return 0;
-    }
-    catch (CException *exception)
-    {
+    } catch (CException *exception) {
         exception->Delete();
-    }
-    catch (std::bad_alloc const &)
-    {
+    } catch (std::bad_alloc const &) {
     }
     std::cerr << argv[0] << ": Out of memory.\n";
     return 1;

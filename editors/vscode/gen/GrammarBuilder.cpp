@@ -43,8 +43,7 @@ std::string EscapeForRegex(std::string const &word)
 {
     static std::string const s_special = "\\^$.|?*+()[]{}";
     std::string escaped;
-    for (char c : word)
-    {
+    for (char c : word) {
         if (s_special.find(c) != std::string::npos)
             escaped += '\\';
         escaped += c;
@@ -53,11 +52,11 @@ std::string EscapeForRegex(std::string const &word)
 }
 
 // A regex that matches any of the words, and only as a whole word.
-template <typename Words> std::string WholeWords(Words const &words)
+template <typename Words>
+std::string WholeWords(Words const &words)
 {
     std::string alternatives;
-    for (auto const &word : words)
-    {
+    for (auto const &word : words) {
         if (!alternatives.empty())
             alternatives += '|';
         alternatives += EscapeForRegex(word);
@@ -65,10 +64,7 @@ template <typename Words> std::string WholeWords(Words const &words)
     return std::string(kWordStart) + "(?:" + alternatives + ")" + kWordEnd;
 }
 
-json Match(std::string const &regex, char const *scope)
-{
-    return {{"match", regex}, {"name", scope}};
-}
+json Match(std::string const &regex, char const *scope) { return {{"match", regex}, {"name", scope}}; }
 
 json Comment()
 {
@@ -172,8 +168,7 @@ json BuildGrammar()
     };
     for (ReservedWords const &reserved : Reserved())
         rules.emplace_back(reserved.repositoryKey, Match(WholeWords(reserved.words), reserved.scope));
-    for (WordKind const &kind : WordKinds())
-    {
+    for (WordKind const &kind : WordKinds()) {
         std::vector<std::string> const words = RegisteredWords(kind);
         if (!words.empty())
             rules.emplace_back(kind.repositoryKey, Match(WholeWords(words), kind.scope));
@@ -183,8 +178,7 @@ json BuildGrammar()
 
     json patterns = json::array();
     json repository = json::object();
-    for (auto const &rule : rules)
-    {
+    for (auto const &rule : rules) {
         patterns.push_back({{"include", "#" + rule.first}});
         repository[rule.first] = rule.second;
     }
@@ -200,12 +194,11 @@ json BuildGrammar()
 std::string BuildWordsSyntaxTest()
 {
     std::string text = "; SYNTAX TEST \"source.stratagem\" \"every registered word takes the scope of its kind\"\n";
-    for (WordKind const &kind : WordKinds())
-    {
-        for (std::string const &word : RegisteredWords(kind))
-        {
+    for (WordKind const &kind : WordKinds()) {
+        for (std::string const &word : RegisteredWords(kind)) {
             char const *reserved = ReservedScope(word);
-            text += "(" + word + ")\n;" + std::string(word.size(), '^') + " " + (reserved ? reserved : kind.scope) + "\n";
+            text += "(" + word + ")\n;" + std::string(word.size(), '^') + " " + (reserved ? reserved : kind.scope)
+                + "\n";
         }
     }
     return text;

@@ -31,8 +31,8 @@ int main()
               << "actions " << CountRange(500, 699, HasAction) << "\n"
               << "defines " << CountRange(100, 299, AI_IsDefine) << "\n"
               << "params " << CountRange(1100, 3499, AI_IsParam) << "\n"
-              << "396 " << AI_String(396).GetString() << " "
-              << AI_Fact(396)->GetRuntimeClass()->m_lpszClassName << "\n";
+              << "396 " << AI_String(396).GetString() << " " << AI_Fact(396)->GetRuntimeClass()->m_lpszClassName
+              << "\n";
     try {
         AfxThrowFileException(CFileException::ErrnoToException(ENOENT), ENOENT, "missing.per");
     } catch (CException *e) {
