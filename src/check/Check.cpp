@@ -330,6 +330,7 @@ private:
     {
         if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
             auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+            WarnIfDefined(file, pDefconst);
             AddConstant(pDefconst->GetSID(), pDefconst->GetValue());
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
             Load(file, pCommand, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename(), true);
@@ -557,6 +558,20 @@ private:
                      option.span);
             nSum += option.nProbability;
         }
+    }
+
+    // A second definition on the same path adds a value the rules never
+    // see: they are checked against the first one.
+    void WarnIfDefined(FileState &file, AI_CDefconstCommand const *pDefconst)
+    {
+        int nFirst = m_strategy.Constant(pDefconst->GetSID(), 0);
+        if (nFirst == AI_NO_VALUE)
+            return;
+        m_pCurrent = &file;
+        Warn(kConstantDefinedAgain,
+             "constant '" + NameOf(pDefconst->GetSID()) + "' is already defined on this path, as "
+                 + std::to_string(nFirst),
+             SpansOf(file, pDefconst).name);
     }
 
     void WarnUnusedConstants()

@@ -17,6 +17,7 @@ char const kOptionNeverDrawn[] = "W003";
 char const kIdenticalRule[] = "W004";
 char const kNeverFires[] = "W005";
 char const kByteOrderMarkSkipped[] = "W006";
+char const kConstantDefinedAgain[] = "W007";
 
 // What the parser knew where an error arose.
 struct ErrorContext

@@ -35,6 +35,11 @@ TEST_F(Warnings, EachCodeOnItsMistake)
         // W005: a rule whose condition is always false.
         {"(defrule (false) => (do-nothing))\n(defrule (true) (not (true)) => (do-nothing))",
          {"main.per:1:1-1:33 W005", "main.per:2:1-2:45 W005"}},
+        // W007: a constant defined again on one path; once per branch is fine.
+        {"(defconst x 1)\n(defconst x 2)\n(defrule (goal x 1) => (do-nothing))", {"main.per:2:11-2:11 W007"}},
+        {"#load-if-defined GIANT-MAP (defconst x 5) #else (defconst x 3) #end-if\n(defconst x 4)\n"
+         "(defrule (goal x 1) => (do-nothing))",
+         {"main.per:2:11-2:11 W007"}},
         // W006: a byte-order mark.
         {"\xEF\xBB\xBF(defrule (true) => (do-nothing))", {"main.per:1:1-1:1 W006"}},
     };
