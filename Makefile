@@ -12,7 +12,7 @@ LSP_FUZZ_SECONDS ?= 20
 
 VSCODE    = editors/vscode
 
-.PHONY: all deps fuzz-deps node-deps vscode-deps install-packages build build-asan run test test-release test-asan bench fuzz vsix clean
+.PHONY: all deps fuzz-deps node-deps vscode-deps install-packages build build-asan run test test-release test-asan bench fuzz vsix format clean
 
 all: build
 
@@ -71,6 +71,10 @@ bench: deps
 	cmake --build build-bench -j $(JOBS)
 	build-bench/bench/stratagem_bench
 	build-bench/bench/stratagem_lsp_bench
+
+# Rewrites every C++ source in the house style (.clang-format).
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 fuzz: fuzz-deps
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DSTRATAGEM_FUZZ=ON -DSTRATAGEM_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null

@@ -46,7 +46,7 @@ struct CodeDescription
     char const *szText;
 };
 
-CodeDescription const s_codeDescriptions[] = {
+CodeDescription const kCodeDescriptions[] = {
     {"E000", "Invalid character"},
     {"E001", "Syntax error"},
     {"E002", "Number that is not a valid integer"},
@@ -72,7 +72,7 @@ CodeDescription const s_codeDescriptions[] = {
 
 std::string DescribeCode(Diagnostic const &first)
 {
-    for (CodeDescription const &row : s_codeDescriptions)
+    for (CodeDescription const &row : kCodeDescriptions)
         if (first.code == row.szCode)
             return row.szText;
     return OneLine(first.message);
@@ -98,8 +98,8 @@ struct Palette
     char const *szReset;
 };
 
-Palette const s_colors = {"\033[1m", "\033[1;31m", "\033[1;35m", "\033[1;36m", "\033[1;32m", "\033[1m", "\033[0m"};
-Palette const s_plain = {"", "", "", "", "", "", ""};
+Palette const kColors = {"\033[1m", "\033[1;31m", "\033[1;35m", "\033[1;36m", "\033[1;32m", "\033[1m", "\033[0m"};
+Palette const kPlain = {"", "", "", "", "", "", ""};
 
 // The line under the source line: a caret under the range's first byte and
 // tildes under the rest of it on that line. Tabs are copied so that the
@@ -127,7 +127,7 @@ std::string Counted(int count, char const *word)
 
 void WriteText(std::ostream &out, std::vector<Diagnostic> const &diagnostics, WriteContext const &context)
 {
-    Palette const &p = context.bColor ? s_colors : s_plain;
+    Palette const &p = context.bColor ? kColors : kPlain;
     int errors = 0;
     int warnings = 0;
     for (Diagnostic const &d : diagnostics) {
@@ -288,7 +288,7 @@ struct FormatWriter
     Writer pfnWrite;
 };
 
-FormatWriter const s_writers[] = {
+FormatWriter const kWriters[] = {
     {CheckFormat::Text, WriteText},
     {CheckFormat::Gcc, WriteGcc},
     {CheckFormat::Json, WriteJson},
@@ -300,7 +300,7 @@ FormatWriter const s_writers[] = {
 void WriteDiagnostics(std::ostream &out, CheckFormat format, std::vector<Diagnostic> const &diagnostics,
                       WriteContext const &context)
 {
-    for (FormatWriter const &row : s_writers)
+    for (FormatWriter const &row : kWriters)
         if (row.format == format)
             row.pfnWrite(out, diagnostics, context);
 }

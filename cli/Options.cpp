@@ -131,14 +131,14 @@ bool ParseWord(WordValue<Value> const (&table)[N], char const *text, char const 
     return false;
 }
 
-WordValue<CheckFormat> const s_formats[] = {
+WordValue<CheckFormat> const kFormats[] = {
     {"text", CheckFormat::Text},
     {"gcc", CheckFormat::Gcc},
     {"json", CheckFormat::Json},
     {"sarif", CheckFormat::Sarif},
 };
 
-WordValue<ColorMode> const s_colorModes[] = {
+WordValue<ColorMode> const kColorModes[] = {
     {"auto", ColorMode::Auto},
     {"always", ColorMode::Always},
     {"never", ColorMode::Never},
@@ -146,12 +146,12 @@ WordValue<ColorMode> const s_colorModes[] = {
 
 bool OnFormat(CliOptions &options, char const *value, std::string &error)
 {
-    return ParseWord(s_formats, value, "format", options.format, error);
+    return ParseWord(kFormats, value, "format", options.format, error);
 }
 
 bool OnColor(CliOptions &options, char const *value, std::string &error)
 {
-    return ParseWord(s_colorModes, value, "colour mode", options.color, error);
+    return ParseWord(kColorModes, value, "colour mode", options.color, error);
 }
 
 bool OnWerror(CliOptions &options, char const *, std::string &)
@@ -181,7 +181,7 @@ struct OptionRow
     Mode mode;
 };
 
-OptionRow const s_options[] = {
+OptionRow const kOptions[] = {
     {'x', "extra", true, CliCommand::Analyze, OnExtra, Mode::Any},
     {'n', "name", true, CliCommand::Analyze, OnName, Mode::Listing},
     {'s', "set", true, CliCommand::Analyze, OnSet, Mode::Any},
@@ -200,7 +200,7 @@ OptionRow const s_options[] = {
 
 OptionRow const *FindShort(char ch)
 {
-    for (OptionRow const &row : s_options)
+    for (OptionRow const &row : kOptions)
         if (row.chShort != 0 && row.chShort == ch)
             return &row;
     return nullptr;
@@ -208,7 +208,7 @@ OptionRow const *FindShort(char ch)
 
 OptionRow const *FindLong(std::string const &name)
 {
-    for (OptionRow const &row : s_options)
+    for (OptionRow const &row : kOptions)
         if (name == row.szLong)
             return &row;
     return nullptr;

@@ -63,11 +63,11 @@ void AI_CTestCE::Invalidate()
 
 namespace {
 
-char const *const s_apszKeywords[] = {"not", "and", "or", "xor", "nand", "nor", "xnor"};
+char const *const kKeywords[] = {"not", "and", "or", "xor", "nand", "nor", "xnor"};
 
 bool IsKnownOp(int nOp) { return nOp >= AI_COpCE::opNot && nOp <= AI_COpCE::opXnor; }
 
-char const *Keyword(int nOp) { return IsKnownOp(nOp) ? s_apszKeywords[nOp] : ""; }
+char const *Keyword(int nOp) { return IsKnownOp(nOp) ? kKeywords[nOp] : ""; }
 
 int Holds(AI_CCE const *pCE) { return pCE && pCE->IsTrue() ? 1 : 0; }
 

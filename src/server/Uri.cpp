@@ -70,7 +70,7 @@ std::string UriToPath(std::string const &uri)
 
 std::string PathToUri(std::string const &path)
 {
-    static char const digits[] = "0123456789ABCDEF";
+    static char const kDigits[] = "0123456789ABCDEF";
     std::string uri = kScheme;
     for (char c : path) {
         unsigned char const byte = static_cast<unsigned char>(c);
@@ -78,8 +78,8 @@ std::string PathToUri(std::string const &path)
             uri.push_back(c);
         } else {
             uri.push_back('%');
-            uri.push_back(digits[byte >> 4]);
-            uri.push_back(digits[byte & 15]);
+            uri.push_back(kDigits[byte >> 4]);
+            uri.push_back(kDigits[byte & 15]);
         }
     }
     return uri;

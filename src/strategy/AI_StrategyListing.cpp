@@ -26,7 +26,7 @@ void CommentLine(std::ostream &os, int nLevel, char const *pszText)
 
 // The order of the settings section: the civilization comes before the two
 // flags of fields 10 and 11.
-int AI_GameSettings::*const s_apListingOrder[] = {
+int AI_GameSettings::*const kListingOrder[] = {
     &AI_GameSettings::bDeathMatch,       &AI_GameSettings::bRegicide,
     &AI_GameSettings::nStartingAge,      &AI_GameSettings::nStartingResources,
     &AI_GameSettings::nMapSize,          &AI_GameSettings::nMapType,
@@ -68,7 +68,7 @@ void AI_CStrategy::PrettyPrintGameSettings(std::ostream &os, int nLevel) const
     SectionHead(os, nLevel, "Game settings: ");
     // A flag's define is written when it holds; a grouped field always
     // writes the define its value selects.
-    for (int AI_GameSettings::*pField : s_apListingOrder) {
+    for (int AI_GameSettings::*pField : kListingOrder) {
         AI_SettingsField const &field = FieldOf(pField);
         int nValue = m_gsSettings.*pField;
         if (field.IsFlag() && !nValue)

@@ -24,7 +24,7 @@ struct ReservedWords
 
 std::vector<ReservedWords> const &Reserved()
 {
-    static std::vector<ReservedWords> const s_reserved = {
+    static std::vector<ReservedWords> const kReserved = {
         {"declaration", "keyword.other.declaration.stratagem", {"defrule", "defconst"}},
         {"load", "keyword.control.import.stratagem", {"load", "load-random"}},
         {"logical", "keyword.operator.logical.stratagem", {"not", "and", "or", "xor", "nor", "xnor", "nand"}},
@@ -32,7 +32,7 @@ std::vector<ReservedWords> const &Reserved()
          "keyword.operator.relational.stratagem",
          {"less-than", "less-or-equal", "greater-than", "greater-or-equal", "equal", "not-equal"}},
     };
-    return s_reserved;
+    return kReserved;
 }
 
 // Directive words are reserved everywhere; "#" is a token of its own and may
@@ -41,10 +41,10 @@ std::vector<char const *> const kDirectiveWords = {"load-if-defined", "load-if-n
 
 std::string EscapeForRegex(std::string const &word)
 {
-    static std::string const s_special = "\\^$.|?*+()[]{}";
+    static std::string const kSpecial = "\\^$.|?*+()[]{}";
     std::string escaped;
     for (char c : word) {
-        if (s_special.find(c) != std::string::npos)
+        if (kSpecial.find(c) != std::string::npos)
             escaped += '\\';
         escaped += c;
     }
@@ -129,13 +129,13 @@ char const *ReservedScope(std::string const &word)
 
 std::vector<WordKind> const &WordKinds()
 {
-    static std::vector<WordKind> const s_kinds = {
+    static std::vector<WordKind> const kKinds = {
         {"fact", "support.function.fact.stratagem", 300, 499, AI_IsFact},
         {"action", "support.function.action.stratagem", 500, 699, AI_IsAction},
         {"define", "support.constant.define.stratagem", 100, 299, AI_IsDefine},
         {"parameter", "support.constant.parameter.stratagem", 1100, 3499, AI_IsParam},
     };
-    return s_kinds;
+    return kKinds;
 }
 
 std::vector<std::string> RegisteredWords(WordKind const &kind)
