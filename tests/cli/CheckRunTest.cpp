@@ -39,9 +39,10 @@ TEST(CheckRun, StandardInputIsCheckedAsStdinBesideTheFilesNamed)
     RunResult const result = dir.Run({"--check", "-", "main.per"}, "", &input);
     EXPECT_EQ(result.nStatus, 1);
     std::string const caret = std::string(20, ' ') + "^~~~\n";
-    EXPECT_EQ(result.strOut, "<stdin>:2:21: error: unknown word 'qqzz' [E007]\n(defrule (true) => (qqzz))\n" + caret
-                                 + "main.per:1:21: error: unknown word 'zzqx' [E007]\n(defrule (true) => (zzqx))\n"
-                                 + caret + "2 errors generated.\n");
+    EXPECT_EQ(result.strOut,
+              "<stdin>:2:21: error: unknown word 'qqzz' [E007]\n(defrule (true) => (qqzz))\n" + caret
+                  + "main.per:1:21: error: unknown word 'zzqx' [E007]\n(defrule (true) => (zzqx))\n" + caret
+                  + "2 errors generated.\n");
     // Named twice, standard input is read once and its problems reported once.
     EXPECT_EQ(dir.Run({"--check", "-f", "gcc", "-", "-"}, "", &input).strOut,
               "<stdin>:2:21: error: unknown word 'qqzz' [E007]\n");
