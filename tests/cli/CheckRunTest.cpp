@@ -1,5 +1,5 @@
 // How check mode runs: exit statuses, standard input, several files,
-// colour, every branch and option.
+// colour.
 #include <gtest/gtest.h>
 
 #include "CheckTestSupport.h"
@@ -88,26 +88,4 @@ TEST(CheckRun, ColourOnlyWhenAskedOrOnATerminalAndNeverUnderNoColor)
         EXPECT_EQ(result.strOut.find('\033') != std::string::npos, c.bColor)
             << c.pszEnv << " " << testing::PrintToString(c.args);
     }
-}
-
-TEST(CheckRun, BranchesAndRandomOptionsTheListingSkipsAreChecked)
-{
-    // The listing takes the first branch and, with seed 0, draws the first
-    // option; the check reads every one of them.
-    ScriptDir const dir({{"main.per",
-                          "#load-if-defined SMALL-MAP\n"
-                          "    (load \"fine\")\n"
-                          "#else\n"
-                          "    (load \"other\")\n"
-                          "#end-if\n"
-                          "(load-random\n"
-                          "    50 \"fine\"\n"
-                          "    \"drawn\")\n"},
-                         {"fine.per", kDoNothingRule},
-                         {"other.per", "(defrule (unknown-fact) => (do-nothing))\n"},
-                         {"drawn.per", "(defrule (true) => (unknown-action))\n"}});
-    EXPECT_EQ(dir.Run({"--seed", "0", "main.per"}).nStatus, 0);
-    Json const diagnostics = CheckJson(dir, {"main.per"}, 1);
-    EXPECT_EQ(InFile(diagnostics, "other.per").size(), 1u) << diagnostics.dump(1);
-    EXPECT_EQ(InFile(diagnostics, "drawn.per").size(), 1u) << diagnostics.dump(1);
 }
