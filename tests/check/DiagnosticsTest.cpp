@@ -181,16 +181,6 @@ TEST_F(Diagnostics, UnopenableFileIsReportedAtItsNameWithTheChain)
     EXPECT_EQ(1, report.errors);
 }
 
-TEST_F(Diagnostics, MissingMainFileHasNoRange)
-{
-    m_sources.files.clear();
-    stratagem::CheckOptions options;
-    options.sources = &m_sources;
-    stratagem::CheckReport report = stratagem::Check("nowhere.per", options);
-    ASSERT_EQ(1u, report.diagnostics.size());
-    EXPECT_EQ("nowhere.per:0:0-0:0 E100", Where(report.diagnostics[0]));
-}
-
 TEST_F(Diagnostics, ADirectoryIsNoScript)
 {
     stratagem::CheckOptions options;

@@ -53,13 +53,6 @@ TEST_F(Warnings, EachCodeOnItsMistake)
     }
 }
 
-TEST_F(Warnings, CountsSeparateErrorsFromWarnings)
-{
-    stratagem::CheckReport report = Run("(defconst idle 2)\n(tru)");
-    EXPECT_EQ(1, report.errors);
-    EXPECT_EQ(1, report.warnings);
-}
-
 TEST_F(Warnings, CommentsSwitchCodesOff)
 {
     WarningCase const rows[] = {

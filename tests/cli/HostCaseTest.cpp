@@ -2,29 +2,13 @@
 // its files/ folder (or in the source tree when it has none, so that the
 // sample strategy's names are relative) with the arguments in args, one a
 // line; it must print exactly the case's stdout and stderr and exit with status.
-#include <gtest/gtest.h>
-
-#include <sys/wait.h>
-
-#include <algorithm>
 #include <cctype>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
+
+#include "CliTestSupport.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ReadFile(fs::path const &path)
-{
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
-}
 
 std::vector<std::string> CaseNames()
 {

@@ -33,29 +33,6 @@ protected:
     }
 };
 
-// The built-in vocabulary lands whole in the kind it belongs to.
-TEST_F(GrammarBuilder, TakesEveryBuiltinWordOnceUnderItsKind)
-{
-    RegisterBuiltins();
-    struct Row
-    {
-        char const *key;
-        size_t count;
-        int (*isKind)(unsigned int);
-    };
-    Row const rows[] = {{"fact", 110, AI_IsFact},
-                        {"action", 54, AI_IsAction},
-                        {"define", 66, AI_IsDefine},
-                        {"parameter", 547, AI_IsParam}};
-    for (Row const &row : rows) {
-        std::vector<std::string> const words = grammar::RegisteredWords(Kind(row.key));
-        EXPECT_EQ(words.size(), row.count) << row.key;
-        EXPECT_EQ(std::set<std::string>(words.begin(), words.end()).size(), words.size()) << row.key;
-        for (std::string const &word : words)
-            EXPECT_TRUE(row.isKind(AI_Symbol(word.c_str()))) << row.key << ": " << word;
-    }
-}
-
 // Words a host registers at the very ends of each range are taken; words
 // just outside are not.
 TEST_F(GrammarBuilder, TakesWordsAtTheEndsOfEachRange)

@@ -1,4 +1,5 @@
-// Loading of load commands and random loads. The files' command lists are
+// Loading of load commands and random loads (which option a draw picks is
+// pinned by the host's random-load cases). The files' command lists are
 // placed in the strategy's store beforehand, so a parse finds them there
 // and no file is read.
 #include "TestSupport.h"
@@ -28,39 +29,6 @@ protected:
 };
 
 }  // namespace
-
-// With x the percentage of the draw, option a takes 0..30, b 31..80 and the
-// default the rest.
-TEST_F(Loading, RandomLoadChoosesByInclusiveBoundsWithTheEarlierOptionFirst)
-{
-    AI_CCommandList *pA = Store("a");
-    AI_CCommandList *pB = Store("b");
-    AI_CCommandList *pD = Store("d");
-    struct
-    {
-        int r;
-        AI_CCommandList *pExpected;
-        char const *pszChosen;
-    } const aCases[] = {
-        {0, pA, "a"},
-        {DrawFor(30, 32767, -1), pA, "a"},
-        {DrawFor(31, 0, 1), pB, "b"},
-        {DrawFor(80, 32767, -1), pB, "b"},
-        {DrawFor(81, 0, 1), pD, "d"},
-        {32767, pD, "d"},  // the last: x = 100
-    };
-    EXPECT_EQ(30, PercentOf(aCases[1].r));
-    EXPECT_EQ(31, PercentOf(aCases[2].r));
-    for (auto const &c : aCases) {
-        SCOPED_TRACE(c.r);
-        std::unique_ptr<AI_CLoadRandomCommand> pRandom(RandomLoad(true));
-        crt::srand(SeedFor(c.r));
-        pRandom->Load();
-        EXPECT_EQ(c.pExpected, pRandom->GetCommands());
-        EXPECT_EQ(1, pRandom->IsLoaded());
-        EXPECT_EQ(std::string("load random command: default d, loaded ") + c.pszChosen, Describe(*pRandom));
-    }
-}
 
 TEST_F(Loading, RandomLoadWithoutAChoiceStaysUnloadedAndDrawsAgainNextTime)
 {

@@ -29,32 +29,20 @@ TEST_F(ObjectBase, EveryClassHasItsRecordAndAFactoryForExactlyThatClass)
     {                                                                                                                  \
         RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)                                                              \
     }
+    // clang-format off
     struct
     {
         CRuntimeClass *pClass;
         char const *pszName;
         CRuntimeClass *pBase;
     } const aCases[] = {
-        ROW(AI_CObject, CObject),
-        ROW(AI_CExpression, AI_CObject),
-        ROW(AI_CExprList, AI_CObject),
-        ROW(AI_CCE, AI_CObject),
-        ROW(AI_CTestCE, AI_CCE),
-        ROW(AI_COpCE, AI_CCE),
-        ROW(AI_CCEList, AI_CObject),
-        ROW(AI_CAction, AI_CObject),
-        ROW(AI_CActionList, AI_CObject),
-        ROW(AI_CCommand, AI_CObject),
-        ROW(AI_CDefruleCommand, AI_CCommand),
-        ROW(AI_CDefconstCommand, AI_CCommand),
-        ROW(AI_CCommandList, AI_CObject),
-        ROW(AI_CLoadCommand, AI_CCommand),
-        ROW(AI_CLoadOption, AI_CObject),
-        ROW(AI_CLoadOptionList, AI_CObject),
-        ROW(AI_CLoadRandomCommand, AI_CCommand),
-        ROW(AI_CBlock, AI_CCommand),
-        ROW(AI_CStrategy, AI_CObject),
-    };
+        ROW(AI_CObject, CObject), ROW(AI_CExpression, AI_CObject), ROW(AI_CExprList, AI_CObject),
+        ROW(AI_CCE, AI_CObject), ROW(AI_CTestCE, AI_CCE), ROW(AI_COpCE, AI_CCE), ROW(AI_CCEList, AI_CObject),
+        ROW(AI_CAction, AI_CObject), ROW(AI_CActionList, AI_CObject), ROW(AI_CCommand, AI_CObject),
+        ROW(AI_CDefruleCommand, AI_CCommand), ROW(AI_CDefconstCommand, AI_CCommand), ROW(AI_CCommandList, AI_CObject),
+        ROW(AI_CLoadCommand, AI_CCommand), ROW(AI_CLoadOption, AI_CObject), ROW(AI_CLoadOptionList, AI_CObject),
+        ROW(AI_CLoadRandomCommand, AI_CCommand), ROW(AI_CBlock, AI_CCommand), ROW(AI_CStrategy, AI_CObject)};
+    // clang-format on
 #undef ROW
     for (auto const &c : aCases) {
         SCOPED_TRACE(c.pszName);

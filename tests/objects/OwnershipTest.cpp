@@ -69,27 +69,15 @@ TEST_F(Ownership, InvalidateLetsGoOfThePartsWithoutDestroyingThem)
         invalidate(text, symbol, number, test, op, action, rule, constant, load, option, random, block);
         // What is kept: the kinds, an integer, the operator, a constant's
         // value, a block's flag and a load's loaded list.
+        // clang-format off
         ExpectRows<int>({
-            {text.IsValid(), 0},
-            {text.GetType(), AI_EXPR_STRING},
-            {symbol.IsValid(), 0},
-            {symbol.GetType(), AI_EXPR_SYMBOL},
-            {number.IsValid(), 1},
-            {number.GetContents().nInteger, 42},
-            {test.IsValid(), 0},
-            {op.IsValid(), 0},
-            {op.GetOp(), AI_COpCE::opXor},
-            {action.IsValid(), 0},
-            {rule.IsValid(), 0},
-            {constant.IsValid(), 0},
-            {constant.GetValue(), -5},
-            {load.IsValid(), 0},
-            {load.IsLoaded(), 1},
-            {option.IsValid(), 0},
-            {option.GetProbability(), 0},
-            {block.IsValid(), 0},
-            {block.GetIf(), 1},
-        });
+            {text.IsValid(), 0}, {text.GetType(), AI_EXPR_STRING}, {symbol.IsValid(), 0},
+            {symbol.GetType(), AI_EXPR_SYMBOL}, {number.IsValid(), 1}, {number.GetContents().nInteger, 42},
+            {test.IsValid(), 0}, {op.IsValid(), 0}, {op.GetOp(), AI_COpCE::opXor}, {action.IsValid(), 0},
+            {rule.IsValid(), 0}, {constant.IsValid(), 0}, {constant.GetValue(), -5}, {load.IsValid(), 0},
+            {load.IsLoaded(), 1}, {option.IsValid(), 0}, {option.GetProbability(), 0}, {block.IsValid(), 0},
+            {block.GetIf(), 1}});
+        // clang-format on
         for (AI_CObject *p : std::initializer_list<AI_CObject *> {&test, &op, &action, &rule, &block})
             EXPECT_TRUE(Children(*p).empty()) << Describe(*p);
         EXPECT_EQ(std::vector<AI_CObject *> {&loaded}, Children(load));

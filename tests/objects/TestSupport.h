@@ -24,11 +24,9 @@ enum : unsigned int
     kTrue = 300,        // fact without parameters
     kFoodAmount = 391,  // fact (rel-op, value)
     kDoNothing = 600,   // action without parameters
-    kChatToAll = 504,   // action (string)
     kTrain = 614,       // action (unit)
     kSmallMap = 131,    // define
     kDeathMatch = 100,  // define
-    kLessThan = 2300,   // param
     kVillager = 3110,   // param
 };
 
@@ -240,14 +238,6 @@ unsigned int SeedWhere(TEST const &passes)
 inline unsigned int SeedFor(int r)
 {
     return SeedWhere([r] { return crt::rand() == r; });
-}
-
-// The first draw from r on, walking by the step, whose percentage is x.
-inline int DrawFor(int x, int r, int nStep)
-{
-    while (PercentOf(r) != x)
-        r += nStep;
-    return r;
 }
 
 #endif

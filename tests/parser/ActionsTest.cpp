@@ -125,16 +125,14 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
     m_settings.bDeathMatch = 1;
     m_settings.nMapSize = 3;  // not a small map
     m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", m_settings));
+    // The plain cases of each directive are host cases (blocks-1, blocks-2).
     struct Resolution
     {
         char const *pszScript;
         Names loads;
     } const kResolutions[] = {
-        {"#load-if-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"then"}},
-        {"#load-if-defined SMALL-MAP (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined SMALL-MAP (load \"t1\") (load \"t2\") #else (load \"else\") #end-if", {"t1", "t2"}},
-        {"#load-if-defined SMALL-MAP (load \"then\") #end-if", {}},
         {"(load \"x\") #load-if-defined DEATH-MATCH (load \"t1\") (load \"t2\") #end-if (load \"y\")",
          {"x", "t1", "t2", "y"}},
         // Nested blocks are resolved from the inside.

@@ -1,31 +1,14 @@
-// The message of a parse exception, and how it goes into a caller's buffer.
+// The message of a parse exception beyond what the parse tests reach: the
+// causes no parse raises, percent signs, and long parameters.
 #include <cstring>
 
 #include "ParserTestSupport.h"
 
-TEST(ParseExceptionTest, EveryCauseHasItsMessage)
+TEST(ParseExceptionTest, MessagesOfOddCausesAndParameters)
 {
-    char const *const kExpected[] = {
-        "f.txt(4): Invalid character(s) encountered: 'p'.",
-        "f.txt(4): Parse error, Bison says: p.",
-        "f.txt(4): Can't convert 'p' to an integer number.",
-        "f.txt(4): Fact function name expected, found: 'p'.",
-        "f.txt(4): Action function name expected, found: 'p'.",
-        "f.txt(4): Expression expected, found: 'p'.",
-        "f.txt(4): Define expected, found: 'p'.",
-        "f.txt(4): Unknown symbol: 'p'.",
-        "f.txt(4): Wrong number of parameters for 'p'.",
-        "f.txt(4): Wrong parameter: 'p'.",
-        "f.txt(4): Invalid probability: p.",
-        "f.txt(4): Invalid probability sum: p.",
-        "f.txt(4): Duplicate symbol: 'p'.",
-        "f.txt(4): Non-const symbol in constant definition: 'p'.",
-        "Unknown parse error",
-        "Unknown parse error",
-    };
-    for (int nCause = 0; nCause <= 15; ++nCause) {
+    for (int nCause : {14, 15, -1}) {
         AI_CParseException exception("f.txt", 4, nCause, "p", "second");
-        EXPECT_EQ(MessageOf(&exception), kExpected[nCause]) << "cause " << nCause;
+        EXPECT_EQ(MessageOf(&exception), "Unknown parse error") << "cause " << nCause;
     }
     // Percent signs are printed as written; long texts are formatted in full.
     AI_CParseException percent("100%d.txt", 1, AI_PE_UNKNOWN_SYMBOL, "%s%n", nullptr);

@@ -11,16 +11,14 @@ TEST_F(ScannerTest, RelationalOperatorsAsWordsAndSymbols)
     {
         char const *pszText;
         unsigned int anSIDs[3];
-    } const kRuns[] = {
-        {"< less-than <=", {2300, 2300, 2301}},
-        {"less-or-equal > greater-than", {2301, 2302, 2302}},
-        {">= greater-or-equal ==", {2303, 2303, 2304}},
-        {"equal != not-equal", {2304, 2305, 2305}},
-        {"<=><", {2301, 2302, 2300}},
-        {"<<<", {2300, 2300, 2300}},
-        {">=>=!=", {2303, 2303, 2305}},
-        {"!=<>", {2305, 2300, 2302}},
-    };
+    } const kRuns[] = {{"< less-than <=", {2300, 2300, 2301}},
+                       {"less-or-equal > greater-than", {2301, 2302, 2302}},
+                       {">= greater-or-equal ==", {2303, 2303, 2304}},
+                       {"equal != not-equal", {2304, 2305, 2305}},
+                       {"<=><", {2301, 2302, 2300}},
+                       {"<<<", {2300, 2300, 2300}},
+                       {">=>=!=", {2303, 2303, 2305}},
+                       {"!=<>", {2305, 2300, 2302}}};
     for (Run const &run : kRuns) {
         std::vector<AI_CExpression const *> arguments = Arguments(
             FirstCondition(ParseText(std::string("(defrule (three-ops ") + run.pszText + ")=>(do-nothing))")));
@@ -36,15 +34,13 @@ TEST_F(ScannerTest, IntegersAndTheirRange)
     {
         char const *pszText;
         int nValue;
-    } const kAccepted[] = {
-        {"0", 0},
-        {"-0", 0},
-        {"007", 7},
-        {"+5", 5},
-        {"2147483646", 2147483646},
-        {"-2147483647", -2147483647},
-        {"-000000000000000012", -12},
-    };
+    } const kAccepted[] = {{"0", 0},
+                           {"-0", 0},
+                           {"007", 7},
+                           {"+5", 5},
+                           {"2147483646", 2147483646},
+                           {"-2147483647", -2147483647},
+                           {"-000000000000000012", -12}};
     for (Literal const &literal : kAccepted) {
         ParseText(std::string("(defconst c ") + literal.pszText + ")");
         EXPECT_EQ(AI_Constant(AI_Symbol("c"), 0), literal.nValue) << literal.pszText;
@@ -104,18 +100,16 @@ TEST_F(ScannerTest, StringEscapes)
     {
         char const *pszWritten;
         char const *pszText;
-    } const kEscapes[] = {
-        {"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
-        {"\\q\\5\\;", "q5;"},
-        {"\\\\", "\\"},
-        {"a\\\" b", "a\" b"},
-        {"a;b#c(d) e", "a;b#c(d) e"},
-        {"", ""},
-        {"x\\\ny", "xy"},
-        {"\xE9t\\\xE9", "\xE9t\xE9"},
-        {"a\rb", "a\rb"},
-        {"x\\\r\ny", "xy"},
-    };
+    } const kEscapes[] = {{"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
+                          {"\\q\\5\\;", "q5;"},
+                          {"\\\\", "\\"},
+                          {"a\\\" b", "a\" b"},
+                          {"a;b#c(d) e", "a;b#c(d) e"},
+                          {"", ""},
+                          {"x\\\ny", "xy"},
+                          {"\xE9t\\\xE9", "\xE9t\xE9"},
+                          {"a\rb", "a\rb"},
+                          {"x\\\r\ny", "xy"}};
     for (Escape const &escape : kEscapes)
         EXPECT_EQ(LoadsOf(std::string("(load \"") + escape.pszWritten + "\")", "main"), Names {escape.pszText})
             << escape.pszWritten;

@@ -32,6 +32,13 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
         int expectedCode;
     };
     auto const frame = [](std::string const &body) { return servertest::Frame(body); };
+    // A framed request with id 5.
+    auto const call = [](char const *method, Json params) {
+        return servertest::Frame(Envelope({{"id", 5}, {"method", method}, {"params", params}}).dump());
+    };
+    auto const at = [](Json position) {
+        return Json {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", position}};
+    };
     Row const rows[] = {
         {"body not JSON", true, frame("{\"jsonrpc\": \"2.0\", "), nullptr, -32700},
         {"body not UTF-8", true, frame("{\"a\": \"\xFF\"}"), nullptr, -32700},
@@ -49,42 +56,15 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
         {"no method", true, frame(Envelope({{"id", 5}}).dump()), 5, -32600},
         {"unknown method", true, frame(Envelope({{"id", 5}, {"method", "foo/bar"}}).dump()), 5, -32601},
         {"unknown $/ request", true, frame(Envelope({{"id", "s"}, {"method", "$/foo"}}).dump()), "s", -32601},
-        {"params not an object", true,
-         frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", {1, 2}}}).dump()), 5, -32602},
-        {"params missing fields", true,
-         frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}, {"params", Json::object()}}).dump()), 5, -32602},
-        {"position of the wrong type", true,
-         frame(Envelope({{"id", 5},
-                         {"method", "textDocument/hover"},
-                         {"params", {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", "here"}}}})
-                   .dump()),
-         5, -32602},
-        {"negative position", true,
-         frame(Envelope(
-                   {{"id", 5},
-                    {"method", "textDocument/completion"},
-                    {"params",
-                     {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", {{"line", -1}, {"character", 0}}}}}})
-                   .dump()),
-         5, -32602},
-        {"position not an integer", true,
-         frame(Envelope({{"id", 5},
-                         {"method", "textDocument/completion"},
-                         {"params",
-                          {{"textDocument", {{"uri", "file:///x.per"}}},
-                           {"position", {{"line", 1e300}, {"character", 0}}}}}})
-                   .dump()),
-         5, -32602},
+        {"params not an object", true, call("textDocument/hover", {1, 2}), 5, -32602},
+        {"params missing fields", true, call("textDocument/hover", Json::object()), 5, -32602},
+        {"position of the wrong type", true, call("textDocument/hover", at("here")), 5, -32602},
+        {"negative position", true, call("textDocument/completion", at({{"line", -1}, {"character", 0}})), 5, -32602},
+        {"position not an integer", true, call("textDocument/completion", at({{"line", 1e300}, {"character", 0}})), 5,
+         -32602},
         {"position too large", true,
-         frame(Envelope({{"id", 5},
-                         {"method", "textDocument/hover"},
-                         {"params",
-                          {{"textDocument", {{"uri", "file:///x.per"}}},
-                           {"position", {{"line", 0}, {"character", 18446744073709551615ull}}}}}})
-                   .dump()),
-         5, -32602},
-        {"initialize twice", true,
-         frame(Envelope({{"id", 5}, {"method", "initialize"}, {"params", Json::object()}}).dump()), 5, -32600},
+         call("textDocument/hover", at({{"line", 0}, {"character", 18446744073709551615ull}})), 5, -32602},
+        {"initialize twice", true, call("initialize", Json::object()), 5, -32600},
         {"request before initialize", false, frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}}).dump()), 5,
          -32002},
     };
@@ -165,27 +145,20 @@ TEST_F(Protocol, EndsWithTheStatusOfItsShutdown)
     }
 }
 
+// Requests without params take "params": null or none; after shutdown
+// every request is refused.
 TEST_F(Protocol, RefusesRequestsAfterShutdown)
 {
     Session session;
-    session.Initialize().Request(1, "shutdown").Request(2, "textDocument/hover").Request(3, "shutdown");
+    session.Initialize()
+        .Send(Envelope({{"id", 1}, {"method", "shutdown"}, {"params", nullptr}}))
+        .Send(Envelope({{"id", 2}, {"method", "shutdown"}}))
+        .Request(3, "textDocument/hover");
     std::vector<Json> const messages = session.Run();
     EXPECT_TRUE(ResponseTo(messages, 1).contains("result"));
     EXPECT_TRUE(ResponseTo(messages, 1)["result"].is_null());
     EXPECT_EQ(-32600, ResponseTo(messages, 2)["error"]["code"]);
     EXPECT_EQ(-32600, ResponseTo(messages, 3)["error"]["code"]);
-}
-
-// Requests without params take "params": null or no params at all.
-TEST_F(Protocol, AcceptsRequestsWithoutParams)
-{
-    Session session;
-    session.Initialize()
-        .Send(Envelope({{"id", 1}, {"method", "shutdown"}, {"params", nullptr}}))
-        .Send(Envelope({{"id", 2}, {"method", "shutdown"}}));
-    std::vector<Json> const messages = session.Run();
-    EXPECT_TRUE(ResponseTo(messages, 1).contains("result")) << ResponseTo(messages, 1).dump();
-    EXPECT_EQ(-32600, ResponseTo(messages, 2)["error"]["code"]);  // already shut down
 }
 
 TEST_F(Protocol, SkipsOversizedMessages)

@@ -11,33 +11,19 @@ using ParamType = VocabularyTest;
 // Edges of the ranges, one row per probe: code, registered SID, accepted.
 TEST_F(ParamType, SymbolsAcceptedOnlyInsideTheCodesRangesOnceRegistered)
 {
+    // clang-format off
     struct Row
     {
         int nCode;
         unsigned int nSID;
         int bAccepted;
     } const rows[] = {
-        {AI_PT_REL_OP, 2300, 1},
-        {AI_PT_REL_OP, 2399, 1},
-        {AI_PT_REL_OP, 2400, 0},
-        {AI_PT_REL_OP, 2299, 0},
-        {AI_PT_PLAYER, 2200, 1},
-        {AI_PT_PLAYER, 3499, 1},
-        {AI_PT_PLAYER, 3399, 0},
-        {AI_PT_BUILDING, 1300, 1},
-        {AI_PT_BUILDING, 1400, 0},
-        {AI_PT_RESOURCE, 2600, 1},
-        {AI_PT_COMMODITY, 2699, 1},
-        {AI_PT_VALUE, 1300, 0},
-        {AI_PT_STRING, 1300, 0},
-        {32, 2400, 1},
-        {32, 1299, 1},
-        {32, 1300, 0},
-        {33, 3300, 1},
-        {33, 1399, 1},
-        {33, 1400, 0},
-        {37, 1100, 0},
-    };
+        {AI_PT_REL_OP, 2300, 1}, {AI_PT_REL_OP, 2399, 1}, {AI_PT_REL_OP, 2400, 0}, {AI_PT_REL_OP, 2299, 0},
+        {AI_PT_PLAYER, 2200, 1}, {AI_PT_PLAYER, 3499, 1}, {AI_PT_PLAYER, 3399, 0}, {AI_PT_BUILDING, 1300, 1},
+        {AI_PT_BUILDING, 1400, 0}, {AI_PT_RESOURCE, 2600, 1}, {AI_PT_COMMODITY, 2699, 1}, {AI_PT_VALUE, 1300, 0},
+        {AI_PT_STRING, 1300, 0}, {32, 2400, 1}, {32, 1299, 1}, {32, 1300, 0}, {33, 3300, 1}, {33, 1399, 1},
+        {33, 1400, 0}, {37, 1100, 0}};
+    // clang-format on
     for (Row const &row : rows)
         EXPECT_EQ(0, AI_IsOfType(row.nCode, row.nSID)) << "unregistered " << row.nSID << " code " << row.nCode;
     for (Row const &row : rows)

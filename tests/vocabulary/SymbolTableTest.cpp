@@ -57,38 +57,28 @@ Kind const kKinds[] = {
 };
 
 // A name registered again moves its symbol to the new SID while the old SID
-// keeps the name; forgetting the old SID still removes the name's symbol.
-TEST_F(SymbolTable, NameRegisteredAgainUnderAnotherSid)
+// keeps the name; forgetting the old SID still removes the name's symbol. A
+// SID registered again takes the new name while the old name keeps its
+// symbol; forgetting the SID removes only the new name's symbol.
+TEST_F(SymbolTable, NameOrSidRegisteredAgain)
 {
     for (Kind const &kind : kKinds) {
         unsigned int const first = kind.sid, second = kind.sid + 1;
         kind.add(first, "kills");
         kind.add(second, "kills");
+        kind.add(second, "razings");
         EXPECT_EQ(second, AI_Symbol("kills")) << first;
+        EXPECT_EQ(second, AI_Symbol("razings")) << first;
         EXPECT_EQ("kills", Name(first));
+        EXPECT_EQ("razings", Name(second));
         EXPECT_EQ(1, kind.forget(first));
         EXPECT_EQ(0u, AI_Symbol("kills")) << first;
         EXPECT_EQ("", Name(first));
-        EXPECT_EQ("kills", Name(second));
         EXPECT_EQ(0, kind.forget(first));
-        AI_DeleteAll();
-    }
-}
-
-// A SID registered again takes the new name while the old name keeps its
-// symbol; forgetting the SID removes only the new name's symbol.
-TEST_F(SymbolTable, SidRegisteredAgainUnderAnotherName)
-{
-    for (Kind const &kind : kKinds) {
-        kind.add(kind.sid, "kills");
-        kind.add(kind.sid, "razings");
-        EXPECT_EQ("razings", Name(kind.sid));
-        EXPECT_EQ(kind.sid, AI_Symbol("razings"));
-        EXPECT_EQ(kind.sid, AI_Symbol("kills")) << kind.sid;
-        EXPECT_EQ(1, kind.forget(kind.sid));
-        EXPECT_EQ(0u, AI_Symbol("razings"));
-        EXPECT_EQ(kind.sid, AI_Symbol("kills")) << kind.sid;
-        EXPECT_EQ("", Name(kind.sid));
+        kind.add(first, "kills");
+        EXPECT_EQ(1, kind.forget(second));
+        EXPECT_EQ(0u, AI_Symbol("razings")) << first;
+        EXPECT_EQ(first, AI_Symbol("kills")) << first;
         AI_DeleteAll();
     }
 }
