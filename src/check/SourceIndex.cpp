@@ -16,7 +16,7 @@ struct SourceIndex::Files
 {
     SourceProvider const *pSources = nullptr;
     std::vector<std::string> names;
-    std::unordered_map<AI_CObject const *, std::size_t> owners;  // object -> its file in names
+    std::unordered_map<AI_CObject const *, std::size_t> owners;       // object -> its file in names
     std::unordered_map<std::string, std::unique_ptr<LineMap>> lines;  // null: the file cannot be read
 
     // Records the objects under a file's list. A load command holds the

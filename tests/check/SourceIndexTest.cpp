@@ -11,13 +11,12 @@
 
 namespace {
 
-std::string const kMain
-    = "(defconst size 5)\n"
-      "(load \"lib\")\n"
-      "(load-random 30 \"a\" \"b\")\n"
-      "#load-if-defined GIANT-MAP\n"
-      "(defrule (food-amount > size) => (do-nothing))\n"
-      "#end-if\n";
+std::string const kMain = "(defconst size 5)\n"
+                          "(load \"lib\")\n"
+                          "(load-random 30 \"a\" \"b\")\n"
+                          "#load-if-defined GIANT-MAP\n"
+                          "(defrule (food-amount > size) => (do-nothing))\n"
+                          "#end-if\n";
 std::string const kLib = "(defrule (true)\n  => (chat-to-all \"hi\"))";
 
 std::string At(stratagem::Range const &r)
