@@ -3,6 +3,8 @@
 #ifndef STRATAGEM_PARSER_AI_PARSERACTIONS_H
 #define STRATAGEM_PARSER_AI_PARSERACTIONS_H
 
+#include <type_traits>
+
 #include "../objects/AI_Objects.h"
 #include "../strategy/AI_CStrategy.h"
 #include "../vocabulary/AI_Vocabulary.h"
@@ -10,8 +12,6 @@
 #include "AI_CParser.h"
 #include "AI_FrontEnd.h"
 #include "AI_Grammar.tab.h"
-
-#include <type_traits>
 
 // The new object owns its parts from now on: the parser forgets them and
 // remembers the object instead, so that its cleanup frees the object, and
