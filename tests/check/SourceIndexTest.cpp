@@ -19,12 +19,6 @@ std::string const kMain = "(defconst size 5)\n"
                           "#end-if\n";
 std::string const kLib = "(defrule (true)\n  => (chat-to-all \"hi\"))";
 
-std::string At(stratagem::Range const &r)
-{
-    return std::to_string(r.line) + ":" + std::to_string(r.column) + "-" + std::to_string(r.endLine) + ":"
-        + std::to_string(r.endColumn);
-}
-
 // The text a range covers in LF text, found without the library's help.
 std::string TextAt(std::string const &text, stratagem::Range const &r)
 {
@@ -61,10 +55,6 @@ protected:
         AI_CParser::EnableExpandBlocks(1);
         std::filesystem::remove_all(m_directory);
         CheckTest::TearDown();
-    }
-    void Write(std::string const &name, std::string const &text)
-    {
-        std::ofstream(m_directory + name, std::ios::binary) << text;
     }
 
     // "Class file range" of every object reached from the main file.
@@ -116,7 +106,8 @@ TEST_F(SourceIndexTest, EveryKindOfObjectHasItsFileAndRange)
     };
     for (bool bCarriageReturns : {false, true}) {
         auto write = [&](char const *pszName, std::string const &text) {
-            Write(pszName, bCarriageReturns ? ReplaceLineFeeds(text) : text);
+            std::ofstream(m_directory + pszName, std::ios::binary)
+                << (bCarriageReturns ? ReplaceLineFeeds(text) : text);
         };
         write("main.per", kMain);
         write("lib.per", kLib);
