@@ -60,13 +60,6 @@ bool SourceProvider::Read(std::string const &name, std::string &bytes, int &erro
 
 namespace {
 
-// Where a command lies.
-struct CommandSpans
-{
-    AI_Span whole;
-    AI_Span name;
-};
-
 // One file of the strategy as the check read it.
 struct FileState
 {
@@ -78,7 +71,7 @@ struct FileState
     std::size_t nReport = 0;  // its entry in the report's files
     std::vector<Suppression> suppressions;
     std::vector<AI_Span> commands;  // every command's span in text order, when suppressions need it
-    std::vector<std::pair<AI_CCommand const *, CommandSpans>> spans;  // by command, sorted once parsed
+    std::vector<std::pair<AI_CCommand const *, AI_Span>> names;  // the part naming each command, sorted once parsed
     bool bWalking = false;
     bool bWalked = false;
 };
@@ -141,7 +134,7 @@ public:
     // Rules are looked at while they are fresh from the parser.
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
-        m_pCurrent->spans.push_back({pCommand, {whole, name}});
+        m_pCurrent->names.push_back({pCommand, name});
         if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
             m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
             m_bPendingRule = true;
@@ -220,13 +213,13 @@ private:
         return found->second;
     }
 
-    // Every command of a file has its spans once the file is parsed.
-    static CommandSpans const &SpansOf(FileState const &file, AI_CCommand const *pCommand)
+    // Every command of a file knows its whole span; the part that names it
+    // is known once the file is parsed.
+    static AI_Span NameSpanOf(FileState const &file, AI_CCommand const *pCommand)
     {
-        static CommandSpans const kNowhere = {{0, 0}, {0, 0}};
-        auto found = std::lower_bound(file.spans.begin(), file.spans.end(), pCommand,
+        auto found = std::lower_bound(file.names.begin(), file.names.end(), pCommand,
                                       [](auto const &entry, AI_CCommand const *p) { return entry.first < p; });
-        return found != file.spans.end() && found->first == pCommand ? found->second : kNowhere;
+        return found != file.names.end() && found->first == pCommand ? found->second : AI_Span {0, 0};
     }
     Range ToRange(AI_Span span) const { return m_pCurrent->lines->ToRange(span); }
     std::string Source(AI_Span span) const
@@ -291,12 +284,12 @@ private:
         std::string const &text = file.text.text;
         file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
         if (!file.suppressions.empty()) {
-            for (auto const &entry : file.spans)
-                file.commands.push_back(entry.second.whole);
+            for (auto const &entry : file.names)
+                file.commands.push_back(entry.first->GetSpan());
             std::sort(file.commands.begin(), file.commands.end(),
                       [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
         }
-        std::sort(file.spans.begin(), file.spans.end(), [](auto const &a, auto const &b) { return a.first < b.first; });
+        std::sort(file.names.begin(), file.names.end(), [](auto const &a, auto const &b) { return a.first < b.first; });
         WarnAboutRules();
         if (m_options.fileReports)
             Survey(file.pCommands, Report().outline);
@@ -356,14 +349,14 @@ private:
         if (!pFilename)
             return;
         std::string target = Text(pFilename);
-        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : SpansOf(file, pCommand).whole;
+        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : pCommand->GetSpan();
         if (bPlainLoad && m_loaded.count(target) && m_loaded[target] > 0) {
             m_pCurrent = &file;
             Warn(kLoadedTwice, "'" + target + "' is already loaded on this path", site);
         }
         std::vector<LoadStep> chain = file.chain;
         int nLine, nColumn;
-        file.lines->Position(SpansOf(file, pCommand).whole.nBegin, nLine, nColumn);
+        file.lines->Position(pCommand->GetSpan().nBegin, nLine, nColumn);
         chain.push_back({file.name, nLine, nColumn});
         Reach(target, chain, &file, site);
     }
@@ -426,10 +419,9 @@ private:
         outline.reserve(outline.size() + commands.GetCount());
         for (POSITION position = commands.GetHeadPosition(); position;) {
             AI_CCommand *pCommand = commands.GetNext(position);
-            CommandSpans const &spans = SpansOf(*m_pCurrent, pCommand);
             OutlineItem item;
-            item.range = ToRange(spans.whole);
-            item.selectionRange = ToRange(spans.name);
+            item.range = ToRange(pCommand->GetSpan());
+            item.selectionRange = ToRange(NameSpanOf(*m_pCurrent, pCommand));
             Describe(pCommand, item);
             outline.push_back(std::move(item));
         }

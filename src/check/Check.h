@@ -15,8 +15,14 @@
 #include <string>
 #include <vector>
 
+#include <memory>
+
+#include "../objects/AI_SourceSpan.h"
 #include "../platform/export.h"
 #include "../vocabulary/AI_GameSettings.h"
+
+class AI_CObject;
+class AI_CStrategy;
 
 namespace stratagem {
 
@@ -156,6 +162,44 @@ struct CheckReport
 // it returns, so consecutive checks are independent. Never throws a script
 // error; an allocation failure raises the platform's memory exception.
 STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const &options = {});
+
+// Where the objects of a parsed strategy were read from. An object's file is
+// the file whose command list (in the strategy's per-file table) holds it;
+// its range comes from the span the parser gave it, in lines and columns of
+// the file's text as read in text mode (so a CR LF file gives the lines and
+// columns of its LF twin, which are the ones an editor shows). The files
+// are read again (through `sources`, the disk when null) the first time a
+// range in them is asked for. The index holds pointers into the strategy:
+// build it once the strategy is loaded and drop it before the strategy
+// changes or goes.
+struct SourceLocation
+{
+    std::string file;  // as the strategy names it; empty when unknown
+    Range range;       // all zero when unknown
+};
+
+class STRATAGEM_API SourceIndex
+{
+public:
+    explicit SourceIndex(AI_CStrategy const &strategy, SourceProvider const *sources = nullptr);
+    ~SourceIndex();
+    SourceIndex(SourceIndex const &) = delete;
+    SourceIndex &operator=(SourceIndex const &) = delete;
+
+    // The file that holds the object; empty for an object of no file of
+    // the strategy.
+    std::string FileOf(AI_CObject const *pObject) const;
+    // The range of a span of a file; all zero when the file cannot be read
+    // or the span is AI_NO_SPAN.
+    Range RangeOf(std::string const &file, AI_SourceSpan span) const;
+    // Both at once; file and range empty for an object built by hand or
+    // held by no file of the strategy.
+    SourceLocation RangeOf(AI_CObject const *pObject) const;
+
+private:
+    struct Files;
+    std::unique_ptr<Files> m_pFiles;
+};
 
 // One token of script text, for editors (hover, completion, signature
 // help). Token codes are the scanner's; invalid characters have code -1

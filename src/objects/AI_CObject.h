@@ -8,6 +8,7 @@
 #include <new>
 
 #include "../platform/afx.h"
+#include "AI_SourceSpan.h"
 
 class STRATAGEM_API AI_CObject : public CObject
 {
@@ -28,6 +29,17 @@ public:
 
     // Writes one tab per level; nothing for a level of 0 or less.
     void Offset(std::ostream &, int) const;
+
+    // Where the object was read from in its file; AI_NO_SPAN (-1, -1) for
+    // an object built by hand. The parser sets it once, when it builds the
+    // object. Which file holds the object is its strategy's business (the
+    // file whose command list holds it), so the object keeps only offsets.
+    AI_SourceSpan GetSpan() const { return m_span; }
+    void SetSpan(AI_SourceSpan span) { m_span = span; }
+    bool HasSpan() const { return m_span.nBegin >= 0; }
+
+private:
+    AI_SourceSpan m_span = AI_NO_SPAN;
 };
 
 #endif

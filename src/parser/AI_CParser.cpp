@@ -12,6 +12,7 @@ char const *AI_ScanMemory::pText = nullptr;
 std::size_t AI_ScanMemory::nLength = 0;
 std::size_t AI_ScanMemory::nPos = 0;
 AI_Span AI_spanError = {0, 0};
+AI_Span AI_spanProduction = {0, 0};
 int AI_nBadArgument = 0;
 AI_CParseObserver *AI_pObserver = nullptr;
 AI_CTokenSource *AI_pTokenSource = nullptr;

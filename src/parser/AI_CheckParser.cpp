@@ -334,6 +334,11 @@ AI_CCommandList *AI_CCheckParser::ParseText(char const *pszFilename, char const 
         throw;
     }
     restore();
+    // The runs' lists are gone; the file's list runs from its first command
+    // to its last, as a plain parse's does.
+    CTypedPtrList<CObList, AI_CCommand *> const &commands = pAll->GetCommands();
+    if (!commands.IsEmpty())
+        pAll->SetSpan({commands.GetHead()->GetSpan().nBegin, commands.GetTail()->GetSpan().nEnd});
     m_pStrategy->AddCommandList(pszFilename, pAll);
     return pAll;
 }

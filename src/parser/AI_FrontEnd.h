@@ -49,6 +49,10 @@ struct AI_ScanMemory
 extern AI_Span AI_spanError;
 extern int AI_nBadArgument;
 
+// The span of the production being reduced: the grammar sets it before
+// every action, and each object an action builds takes it as its own.
+extern AI_Span AI_spanProduction;
+
 class CString;
 class AI_CCommand;
 class AI_CCommandList;

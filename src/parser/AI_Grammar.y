@@ -38,7 +38,7 @@ class AI_CExpression;
     AI_GrowParserStacks((States), (Values), (Locations), (StackSize))
 
 /* A production spans its first to its last token; an empty one lies at
- * the end of what precedes it. */
+ * the end of what precedes it. The objects its action builds lie there. */
 #define YYLLOC_DEFAULT(Current, Rhs, N)                                      \
     do {                                                                     \
         if (N) {                                                             \
@@ -47,6 +47,7 @@ class AI_CExpression;
         } else {                                                             \
             (Current).nBegin = (Current).nEnd = YYRHSLOC(Rhs, 0).nEnd;       \
         }                                                                    \
+        AI_spanProduction = (Current);                                       \
     } while (0)
 
 /* A check may feed the grammar instead of the scanner. */

@@ -3,6 +3,8 @@
 #ifndef STRATAGEM_PARSER_AI_PARSERACTIONS_H
 #define STRATAGEM_PARSER_AI_PARSERACTIONS_H
 
+#include <type_traits>
+
 #include "../objects/AI_Objects.h"
 #include "../strategy/AI_CStrategy.h"
 #include "../vocabulary/AI_Vocabulary.h"
@@ -14,20 +16,29 @@
 // The new object owns its parts from now on: the parser forgets them and
 // remembers the object instead, so that its cleanup frees the object, and
 // through it its parts, whatever happens next. Forgetting cannot fail;
-// remembering frees the object when there is no room for it.
+// remembering frees the object when there is no room for it. Every script
+// object is handed out here, so here it learns where it was read from: the
+// production being reduced.
 template <class T, class... Owned>
 T *AI_CParser::Keep(T *pObject, Owned *...pOwned)
 {
+    if constexpr (std::is_base_of<AI_CObject, T>::value)
+        pObject->SetSpan(AI_spanProduction);
     (Forget(pOwned), ...);
     Remember(pObject);
     return pObject;
 }
 
+// A list runs from its first element to its last, whatever empty
+// production it grew from.
 template <class List, class Element>
 List *AI_CParser::Append(List *pList, Element *pElement)
 {
+    AI_Span const element = pElement->GetSpan();
+    AI_Span const whole = {pList ? pList->GetSpan().nBegin : element.nBegin, element.nEnd};
     if (!pList)
         pList = Keep(AI_New<List>());
+    pList->SetSpan(whole);
     pList->Add(pElement);
     Forget(pElement);
     return pList;

@@ -53,6 +53,13 @@ protected:
     }
 };
 
+// "line:col-endLine:endCol".
+inline std::string At(stratagem::Range const &r)
+{
+    return std::to_string(r.line) + ":" + std::to_string(r.column) + "-" + std::to_string(r.endLine) + ":"
+        + std::to_string(r.endColumn);
+}
+
 // "file:line:col-endLine:endCol CODE" per diagnostic, the shape most tests compare.
 inline std::string Where(stratagem::Diagnostic const &d)
 {

@@ -7,12 +7,6 @@ namespace {
 class Reports : public CheckTest
 {};
 
-std::string At(stratagem::Range const &r)
-{
-    return std::to_string(r.line) + ":" + std::to_string(r.column) + "-" + std::to_string(r.endLine) + ":"
-        + std::to_string(r.endColumn);
-}
-
 TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
 {
     stratagem::CheckReport report
