@@ -563,7 +563,7 @@ private:
         Warn(kConstantDefinedAgain,
              "constant '" + NameOf(pDefconst->GetSID()) + "' is already defined on this path, as "
                  + std::to_string(nFirst),
-             SpansOf(file, pDefconst).name);
+             NameSpanOf(file, pDefconst));
     }
 
     void WarnUnusedConstants()
