@@ -154,53 +154,116 @@ std::vector<Suppression> FindSuppressions(std::string const &text)
     return found;
 }
 
+namespace {
+
+// How the normalization treats each byte.
+enum CharKind : unsigned char
+{
+    kOrdinary,
+    kBlank,
+    kQuote,
+    kComment
+};
+
+struct CharKinds
+{
+    CharKind kinds[256] = {};
+    CharKinds()
+    {
+        for (char ch : {' ', '\t', '\n', '\r'})
+            kinds[static_cast<unsigned char>(ch)] = kBlank;
+        kinds[static_cast<unsigned char>('"')] = kQuote;
+        kinds[static_cast<unsigned char>(';')] = kComment;
+    }
+};
+
+CharKinds const kCharKinds;
+
 // Feeds the characters of the normalized text to the sink.
 template <class Sink>
-void Normalize(std::string const &text, AI_Span span, Sink sink)
+void Normalize(std::string const &text, AI_Span span, Sink &sink)
 {
     bool bBlank = false, bStarted = false;
+    char const *pText = text.data();
     for (int i = span.nBegin; i < span.nEnd; ++i) {
-        char ch = text[i];
-        if (ch == '"') {
+        char ch = pText[i];
+        switch (kCharKinds.kinds[static_cast<unsigned char>(ch)]) {
+        case kOrdinary:
+            if (bBlank && bStarted)
+                sink(' ');
+            bBlank = false;
+            bStarted = true;
+            sink(ch);
+            break;
+        case kQuote: {
             int nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
             if (bBlank && bStarted)
                 sink(' ');
             for (int k = i; k < nEnd; ++k)
-                sink(text[k]);
+                sink(pText[k]);
             i = nEnd - 1;
             bBlank = false;
             bStarted = true;
-            continue;
+            break;
         }
-        if (ch == ';') {
-            while (i < span.nEnd && text[i] != '\n')
+        case kComment:
+            while (i < span.nEnd && pText[i] != '\n')
                 ++i;
-            ch = '\n';
-        }
-        if (IsBlank(ch)) {
             bBlank = true;
-            continue;
+            break;
+        case kBlank:
+            bBlank = true;
+            break;
         }
-        if (bBlank && bStarted)
-            sink(' ');
-        bBlank = false;
-        bStarted = true;
-        sink(ch);
     }
 }
+
+// Hashes eight characters at a time: the characters are gathered into a
+// word and each full word is mixed in.
+class WordHash
+{
+public:
+    void operator()(char ch)
+    {
+        m_nWord = (m_nWord << 8) | static_cast<unsigned char>(ch);
+        if (++m_nBytes == 8)
+            Flush();
+    }
+    std::uint64_t Finish()
+    {
+        m_nWord ^= static_cast<std::uint64_t>(m_nBytes) << 61;
+        Flush();
+        return m_nHash;
+    }
+
+private:
+    void Flush()
+    {
+        m_nHash = (m_nHash ^ m_nWord) * 0x9E3779B97F4A7C15ull;
+        m_nHash ^= m_nHash >> 29;
+        m_nWord = 0;
+        m_nBytes = 0;
+    }
+    std::uint64_t m_nHash = 14695981039346656037ull;
+    std::uint64_t m_nWord = 0;
+    int m_nBytes = 0;
+};
+
+}  // namespace
 
 std::string Normalized(std::string const &text, AI_Span span)
 {
     std::string result;
-    Normalize(text, span, [&](char ch) { result += ch; });
+    auto append = [&](char ch) { result += ch; };
+    Normalize(text, span, append);
     return result;
 }
 
 std::uint64_t NormalizedHash(std::string const &text, AI_Span span)
 {
-    std::uint64_t nHash = 14695981039346656037ull;  // FNV-1a
-    Normalize(text, span, [&](char ch) { nHash = (nHash ^ static_cast<unsigned char>(ch)) * 1099511628211ull; });
-    return nHash;
+    WordHash hash;
+    Normalize(text, span, hash);
+    return hash.Finish();
 }
 
 }  // namespace stratagem
