@@ -223,10 +223,14 @@ void Normalize(std::string const &text, AI_Span span, Sink &sink)
 class WordHash
 {
 public:
-    void operator()(char ch)
+    // Adds the character when `keep` is 1, without a branch on it: which
+    // characters a rule's text keeps is not predictable.
+    void Add(unsigned char ch, unsigned keep)
     {
-        m_nWord = (m_nWord << 8) | static_cast<unsigned char>(ch);
-        if (++m_nBytes == 8)
+        std::uint64_t const nShifted = (m_nWord << 8) | ch;
+        m_nWord = keep ? nShifted : m_nWord;
+        m_nBytes += keep;
+        if (m_nBytes == 8)
             Flush();
     }
     std::uint64_t Finish()
@@ -246,7 +250,7 @@ private:
     }
     std::uint64_t m_nHash = 14695981039346656037ull;
     std::uint64_t m_nWord = 0;
-    int m_nBytes = 0;
+    unsigned m_nBytes = 0;
 };
 
 }  // namespace
@@ -259,10 +263,28 @@ std::string Normalized(std::string const &text, AI_Span span)
     return result;
 }
 
+// Blanks outside strings are left out altogether, which keeps equal
+// normalized texts at equal hashes; the few other rules that meet at a hash
+// are told apart by their texts.
 std::uint64_t NormalizedHash(std::string const &text, AI_Span span)
 {
     WordHash hash;
-    Normalize(text, span, hash);
+    char const *pText = text.data();
+    for (int i = span.nBegin; i < span.nEnd; ++i) {
+        unsigned char const ch = static_cast<unsigned char>(pText[i]);
+        CharKind const kind = kCharKinds.kinds[ch];
+        if (kind == kQuote) {
+            int const nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
+            for (; i < nEnd; ++i)
+                hash.Add(static_cast<unsigned char>(pText[i]), 1);
+            --i;
+        } else if (kind == kComment) {
+            while (i < span.nEnd && pText[i] != '\n')
+                ++i;
+        } else {
+            hash.Add(ch, kind == kOrdinary);
+        }
+    }
     return hash.Finish();
 }
 
