@@ -141,8 +141,12 @@ public:
     // Rules are looked at while they are fresh from the parser.
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
-        m_pCurrent->spans.push_back({pCommand, {whole, name}});
-        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
+        bool const bRule = pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand));
+        // The walk needs to know where loads stand; outlines and warnings
+        // switched off by a comment need every command.
+        if (!bRule || m_options.fileReports || !m_pCurrent->suppressions.empty())
+            m_pCurrent->spans.push_back({pCommand, {whole, name}});
+        if (bRule) {
             m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
             m_bPendingRule = true;
             if (NeverFires(static_cast<AI_CDefruleCommand *>(pCommand)))

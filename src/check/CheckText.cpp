@@ -218,39 +218,28 @@ void Normalize(std::string const &text, AI_Span span, Sink &sink)
     }
 }
 
-// Hashes eight characters at a time: the characters are gathered into a
-// word and each full word is mixed in.
+// Mixes words of up to eight characters into a hash.
 class WordHash
 {
 public:
-    // Adds the character when `keep` is 1, without a branch on it: which
-    // characters a rule's text keeps is not predictable.
-    void Add(unsigned char ch, unsigned keep)
+    void Add(char const *pText, std::size_t nLength)
     {
-        std::uint64_t const nShifted = (m_nWord << 8) | ch;
-        m_nWord = keep ? nShifted : m_nWord;
-        m_nBytes += keep;
-        if (m_nBytes == 8)
-            Flush();
+        for (std::size_t i = 0; i < nLength; i += 8) {
+            std::uint64_t nWord = 0;
+            std::memcpy(&nWord, pText + i, std::min<std::size_t>(8, nLength - i));
+            Mix(nWord);
+        }
+        Mix(nLength);
     }
-    std::uint64_t Finish()
-    {
-        m_nWord ^= static_cast<std::uint64_t>(m_nBytes) << 61;
-        Flush();
-        return m_nHash;
-    }
+    std::uint64_t Value() const { return m_nHash; }
 
 private:
-    void Flush()
+    void Mix(std::uint64_t nWord)
     {
-        m_nHash = (m_nHash ^ m_nWord) * 0x9E3779B97F4A7C15ull;
+        m_nHash = (m_nHash ^ nWord) * 0x9E3779B97F4A7C15ull;
         m_nHash ^= m_nHash >> 29;
-        m_nWord = 0;
-        m_nBytes = 0;
     }
     std::uint64_t m_nHash = 14695981039346656037ull;
-    std::uint64_t m_nWord = 0;
-    unsigned m_nBytes = 0;
 };
 
 }  // namespace
@@ -263,29 +252,38 @@ std::string Normalized(std::string const &text, AI_Span span)
     return result;
 }
 
-// Blanks outside strings are left out altogether, which keeps equal
-// normalized texts at equal hashes; the few other rules that meet at a hash
-// are told apart by their texts.
+// The hash of the runs of characters between blanks and comments, a
+// string being one run: the same runs whatever blanks and comments stand
+// between them, so equal normalized texts have equal hashes; the few other
+// rules that meet at a hash are told apart by their texts.
 std::uint64_t NormalizedHash(std::string const &text, AI_Span span)
 {
     WordHash hash;
     char const *pText = text.data();
-    for (int i = span.nBegin; i < span.nEnd; ++i) {
-        unsigned char const ch = static_cast<unsigned char>(pText[i]);
-        CharKind const kind = kCharKinds.kinds[ch];
-        if (kind == kQuote) {
-            int const nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
-            for (; i < nEnd; ++i)
-                hash.Add(static_cast<unsigned char>(pText[i]), 1);
-            --i;
-        } else if (kind == kComment) {
-            while (i < span.nEnd && pText[i] != '\n')
-                ++i;
-        } else {
-            hash.Add(ch, kind == kOrdinary);
+    auto const kindAt = [&](int i) { return kCharKinds.kinds[static_cast<unsigned char>(pText[i])]; };
+    for (int i = span.nBegin; i < span.nEnd;) {
+        int nEnd = i + 1;
+        switch (kindAt(i)) {
+        case kBlank:
+            i = nEnd;
+            continue;
+        case kComment:
+            while (nEnd < span.nEnd && pText[nEnd] != '\n')
+                ++nEnd;
+            i = nEnd;
+            continue;
+        case kQuote:
+            nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
+            break;
+        case kOrdinary:
+            while (nEnd < span.nEnd && kindAt(nEnd) == kOrdinary)
+                ++nEnd;
+            break;
         }
+        hash.Add(pText + i, static_cast<std::size_t>(nEnd - i));
+        i = nEnd;
     }
-    return hash.Finish();
+    return hash.Value();
 }
 
 }  // namespace stratagem
