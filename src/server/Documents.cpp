@@ -189,8 +189,8 @@ bool DocumentStore::ReadDisk(std::string const &name, std::string &bytes, int &e
         return false;
     timespec now;
     clock_gettime(CLOCK_REALTIME, &now);
-    bool const settled = Nanoseconds(now) - std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim))
-        > kSettledNanoseconds;
+    bool const settled
+        = Nanoseconds(now) - std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)) > kSettledNanoseconds;
     if (!settled || static_cast<long long>(bytes.size()) != status.st_size || bytes.size() > kMaxCachedBytes)
         return true;
     if (m_cachedBytes + bytes.size() > kMaxCachedBytes) {
