@@ -134,8 +134,12 @@ public:
     // Rules are looked at while they are fresh from the parser.
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
-        m_pCurrent->names.push_back({pCommand, name});
-        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand))) {
+        bool const bRule = pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand));
+        // A rule's name matters only to outlines and to comments that
+        // switch warnings off, which need every command.
+        if (!bRule || m_options.fileReports || !m_pCurrent->suppressions.empty())
+            m_pCurrent->names.push_back({pCommand, name});
+        if (bRule) {
             m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
             m_bPendingRule = true;
             if (NeverFires(static_cast<AI_CDefruleCommand *>(pCommand)))
@@ -490,17 +494,25 @@ private:
                 : a.nHash != b.nHash  ? a.nHash < b.nHash
                                       : a.span.nBegin < b.span.nBegin;
         });
+        // Rules with the same hash are compared by their text, each with
+        // the earliest of its run that reads the same.
         std::string const &text = m_pCurrent->text.text;
+        std::vector<std::string> run;  // the normalized texts of the current run
         std::size_t nFirst = 0;
         for (std::size_t i = 1; i < m_rules.size(); ++i) {
             RuleSeen const &rule = m_rules[i];
             if (rule.nList != m_rules[i - 1].nList || rule.nHash != m_rules[i - 1].nHash) {
                 nFirst = i;
+                run.clear();
                 continue;
             }
-            if (Normalized(text, m_rules[nFirst].span) != Normalized(text, rule.span))
+            if (run.empty())
+                run.push_back(Normalized(text, m_rules[nFirst].span));
+            run.push_back(Normalized(text, rule.span));
+            std::size_t const nSame = std::find(run.begin(), run.end(), run.back()) - run.begin();
+            if (nSame + 1 == run.size())
                 continue;
-            Range first = ToRange(m_rules[nFirst].span);
+            Range first = ToRange(m_rules[nFirst + nSame].span);
             m_ruleWarnings.push_back(
                 {rule.span, kIdenticalRule,
                  "this rule is the same as the one on line " + std::to_string(first.line) + "; it runs twice"});

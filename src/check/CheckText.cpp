@@ -154,53 +154,136 @@ std::vector<Suppression> FindSuppressions(std::string const &text)
     return found;
 }
 
+namespace {
+
+// How the normalization treats each byte.
+enum CharKind : unsigned char
+{
+    kOrdinary,
+    kBlank,
+    kQuote,
+    kComment
+};
+
+struct CharKinds
+{
+    CharKind kinds[256] = {};
+    CharKinds()
+    {
+        for (char ch : {' ', '\t', '\n', '\r'})
+            kinds[static_cast<unsigned char>(ch)] = kBlank;
+        kinds[static_cast<unsigned char>('"')] = kQuote;
+        kinds[static_cast<unsigned char>(';')] = kComment;
+    }
+};
+
+CharKinds const kCharKinds;
+
 // Feeds the characters of the normalized text to the sink.
 template <class Sink>
-void Normalize(std::string const &text, AI_Span span, Sink sink)
+void Normalize(std::string const &text, AI_Span span, Sink &sink)
 {
     bool bBlank = false, bStarted = false;
+    char const *pText = text.data();
     for (int i = span.nBegin; i < span.nEnd; ++i) {
-        char ch = text[i];
-        if (ch == '"') {
+        char ch = pText[i];
+        switch (kCharKinds.kinds[static_cast<unsigned char>(ch)]) {
+        case kOrdinary:
+            if (bBlank && bStarted)
+                sink(' ');
+            bBlank = false;
+            bStarted = true;
+            sink(ch);
+            break;
+        case kQuote: {
             int nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
             if (bBlank && bStarted)
                 sink(' ');
             for (int k = i; k < nEnd; ++k)
-                sink(text[k]);
+                sink(pText[k]);
             i = nEnd - 1;
             bBlank = false;
             bStarted = true;
-            continue;
+            break;
         }
-        if (ch == ';') {
-            while (i < span.nEnd && text[i] != '\n')
+        case kComment:
+            while (i < span.nEnd && pText[i] != '\n')
                 ++i;
-            ch = '\n';
-        }
-        if (IsBlank(ch)) {
             bBlank = true;
-            continue;
+            break;
+        case kBlank:
+            bBlank = true;
+            break;
         }
-        if (bBlank && bStarted)
-            sink(' ');
-        bBlank = false;
-        bStarted = true;
-        sink(ch);
     }
 }
+
+// Mixes words of up to eight characters into a hash.
+class WordHash
+{
+public:
+    void Add(char const *pText, std::size_t nLength)
+    {
+        for (std::size_t i = 0; i < nLength; i += 8) {
+            std::uint64_t nWord = 0;
+            std::memcpy(&nWord, pText + i, std::min<std::size_t>(8, nLength - i));
+            Mix(nWord);
+        }
+        Mix(nLength);
+    }
+    std::uint64_t Value() const { return m_nHash; }
+
+private:
+    void Mix(std::uint64_t nWord)
+    {
+        m_nHash = (m_nHash ^ nWord) * 0x9E3779B97F4A7C15ull;
+        m_nHash ^= m_nHash >> 29;
+    }
+    std::uint64_t m_nHash = 14695981039346656037ull;
+};
+
+}  // namespace
 
 std::string Normalized(std::string const &text, AI_Span span)
 {
     std::string result;
-    Normalize(text, span, [&](char ch) { result += ch; });
+    auto append = [&](char ch) { result += ch; };
+    Normalize(text, span, append);
     return result;
 }
 
+// The hash of the runs of characters between blanks and comments, a
+// string being one run: the same runs whatever blanks and comments stand
+// between them, so equal normalized texts have equal hashes; the few other
+// rules that meet at a hash are told apart by their texts.
 std::uint64_t NormalizedHash(std::string const &text, AI_Span span)
 {
-    std::uint64_t nHash = 14695981039346656037ull;  // FNV-1a
-    Normalize(text, span, [&](char ch) { nHash = (nHash ^ static_cast<unsigned char>(ch)) * 1099511628211ull; });
-    return nHash;
+    WordHash hash;
+    char const *pText = text.data();
+    auto const kindAt = [&](int i) { return kCharKinds.kinds[static_cast<unsigned char>(pText[i])]; };
+    for (int i = span.nBegin; i < span.nEnd;) {
+        int nEnd = i + 1;
+        switch (kindAt(i)) {
+        case kBlank:
+            i = nEnd;
+            continue;
+        case kComment:
+            while (nEnd < span.nEnd && pText[nEnd] != '\n')
+                ++nEnd;
+            i = nEnd;
+            continue;
+        case kQuote:
+            nEnd = std::min(static_cast<int>(SkipString(text, i)), span.nEnd);
+            break;
+        case kOrdinary:
+            while (nEnd < span.nEnd && kindAt(nEnd) == kOrdinary)
+                ++nEnd;
+            break;
+        }
+        hash.Add(pText + i, static_cast<std::size_t>(nEnd - i));
+        i = nEnd;
+    }
+    return hash.Value();
 }
 
 }  // namespace stratagem

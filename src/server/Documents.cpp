@@ -1,7 +1,10 @@
 #include "Documents.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <filesystem>
 #include <string>
 
@@ -149,7 +152,56 @@ bool DocumentStore::Read(std::string const &name, std::string &bytes, int &error
             return false;
         }
     }
-    return SourceProvider::Read(name, bytes, error);
+    return ReadDisk(name, bytes, error);
+}
+
+namespace {
+
+std::size_t const kMaxCachedBytes = 64u * 1024 * 1024;
+
+// A file modified this recently may be modified again within the same
+// timestamp tick, unseen: it is not kept.
+long long const kSettledNanoseconds = 2'000'000'000;
+
+long long Nanoseconds(timespec const &time) { return time.tv_sec * 1'000'000'000LL + time.tv_nsec; }
+
+}  // namespace
+
+// Every analysis reads every file of its strategy, and an edit changes
+// one: the others are read again only when their status changes.
+bool DocumentStore::ReadDisk(std::string const &name, std::string &bytes, int &error) const
+{
+    struct stat status;
+    if (::stat(name.c_str(), &status) != 0)
+        return SourceProvider::Read(name, bytes, error);
+    auto const cached = m_cache.find(name);
+    if (cached != m_cache.end()) {
+        CachedFile const &file = cached->second;
+        if (file.size == status.st_size && file.modified == Nanoseconds(status.st_mtim)
+            && file.changed == Nanoseconds(status.st_ctim) && file.inode == status.st_ino) {
+            bytes = file.bytes;
+            return true;
+        }
+        m_cachedBytes -= file.bytes.size();
+        m_cache.erase(cached);
+    }
+    if (!SourceProvider::Read(name, bytes, error))
+        return false;
+    timespec now;
+    clock_gettime(CLOCK_REALTIME, &now);
+    bool const settled
+        = Nanoseconds(now) - std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim)) > kSettledNanoseconds;
+    if (!settled || static_cast<long long>(bytes.size()) != status.st_size || bytes.size() > kMaxCachedBytes)
+        return true;
+    if (m_cachedBytes + bytes.size() > kMaxCachedBytes) {
+        m_cache.clear();
+        m_cachedBytes = 0;
+    }
+    CachedFile &file = m_cache[name];
+    file = {bytes, status.st_size, Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim),
+            static_cast<unsigned long long>(status.st_ino)};
+    m_cachedBytes += bytes.size();
+    return true;
 }
 
 }  // namespace stratagem::server

@@ -55,7 +55,20 @@ public:
     bool Read(std::string const &name, std::string &bytes, int &error) const override;
 
 private:
+    // A file read from the disk, kept while its status stays the same.
+    struct CachedFile
+    {
+        std::string bytes;
+        long long size = 0;
+        long long modified = 0;  // nanoseconds
+        long long changed = 0;   // status change, nanoseconds
+        unsigned long long inode = 0;
+    };
+    bool ReadDisk(std::string const &name, std::string &bytes, int &error) const;
+
     SourceProvider const *m_disk;
+    mutable std::map<std::string, CachedFile> m_cache;
+    mutable std::size_t m_cachedBytes = 0;
     std::map<std::string, Document> m_byUri;
     std::map<std::string, std::string> m_uriByPath;
     std::uint64_t m_nextOrder = 0;

@@ -369,7 +369,10 @@ void Server::Reanalyse(std::set<std::string> const &changed, bool all)
     for (FileDiagnostics const &file : m_workspace.Analyse(changed, all)) {
         Json diagnostics = Json::array();
         if (!file.diagnostics.empty()) {
-            Text const text = m_features.TextOf(file.path);
+            // An open document's text is used where it is, not copied.
+            Document const *open = m_documents.FindPath(file.path);
+            Text const read = open ? Text() : m_features.TextOf(file.path);
+            Text const &text = open ? open->text : read;
             for (Diagnostic const *diagnostic : file.diagnostics)
                 diagnostics.push_back(ToJson(text, *diagnostic, uriOf));
         }

@@ -1,6 +1,7 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace stratagem::server {
 
@@ -52,6 +53,17 @@ void Text::IndexLines()
 {
     m_lineStarts.assign(1, 0);
     std::size_t const size = m_content.size();
+    char const *const data = m_content.data();
+    // Without carriage returns a line ends only at a line feed, and the
+    // line feeds are found a word at a time.
+    if (!std::memchr(data, '\r', size)) {
+        for (void const *found = std::memchr(data, '\n', size); found;) {
+            std::size_t const next = static_cast<char const *>(found) - data + 1;
+            m_lineStarts.push_back(next);
+            found = std::memchr(data + next, '\n', size - next);
+        }
+        return;
+    }
     for (std::size_t i = 0; i < size; ++i) {
         char const c = m_content[i];
         if (c == '\r' && i + 1 < size && m_content[i + 1] == '\n')

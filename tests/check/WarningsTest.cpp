@@ -29,6 +29,10 @@ TEST_F(Warnings, EachCodeOnItsMistake)
         // Also when an error lies between them.
         {"(defrule (true) => (do-nothing))\n(defrule (tru) => (do-nothing))\n(defrule (true) => (do-nothing))",
          {"main.per:2:11-2:13 E007", "main.per:3:1-3:32 W004"}},
+        // Blanks inside a string are part of the rule, comments are not.
+        {"(defrule (true) => (chat-to-all \"a  b\"))\n(defrule (true) => (chat-to-all \"a b\"))\n"
+         "(defrule (true);why\n => (chat-to-all \"a b\"))",
+         {"main.per:3:1-4:24 W004"}},
         {"#load-if-defined GIANT-MAP (defrule (true) => (do-nothing))\n"
          "#else (defrule (true) => (do-nothing)) #end-if",
          {}},

@@ -1,6 +1,11 @@
 // The document store: changes of one didChange applied in order, whole-text
 // changes, reopening, and what the checker reads through it.
+#include <unistd.h>
+
 #include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
 
 #include "ServerTestSupport.h"
 #include "server/Documents.h"
@@ -82,6 +87,36 @@ TEST(Documents, ReadsOnlyRegularFilesFromDisk)
         EXPECT_EQ(row.read, store.Read(row.name, bytes, error)) << row.name;
         EXPECT_EQ(row.error, error) << row.name;
     }
+}
+
+// Files read from the disk are kept between analyses, but a rewrite is
+// always seen: one long settled, and one just written, whose rewrite may
+// fall within the same timestamp tick.
+TEST(Documents, ReadsAFileAgainOnceRewritten)
+{
+    namespace fs = std::filesystem;
+    fs::path const path = fs::temp_directory_path() / ("stratagem-documents-" + std::to_string(getpid()) + ".per");
+    auto const write = [&](char const *text) { std::ofstream(path, std::ios::binary) << text; };
+    DocumentStore const store;
+    auto const read = [&] {
+        std::string bytes;
+        int error = 0;
+        EXPECT_TRUE(store.Read(path.string(), bytes, error));
+        return bytes;
+    };
+    write("(a)");
+    fs::last_write_time(path, fs::last_write_time(path) - std::chrono::hours(1));
+    EXPECT_EQ("(a)", read());
+    EXPECT_EQ("(a)", read());
+    write("(b)");
+    EXPECT_EQ("(b)", read());
+    write("(c)");
+    EXPECT_EQ("(c)", read());
+    fs::remove(path);
+    std::string bytes;
+    int error = 0;
+    EXPECT_FALSE(store.Read(path.string(), bytes, error));
+    EXPECT_EQ(ENOENT, error);
 }
 
 }  // namespace

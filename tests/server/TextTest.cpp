@@ -52,8 +52,9 @@ TEST(Text, CountsLinesOfEveryTerminator)
         int lines;
         std::string lastLine;
     };
-    Row const rows[] = {{"", 1, ""},         {"a", 1, "a"},     {"a\n", 2, ""}, {"a\r\nb", 2, "b"},
-                        {"a\rb\rc", 3, "c"}, {"\n\n\n", 4, ""}, {"a\r", 2, ""}, {"x\r\n\r\ny", 3, "y"}};
+    Row const rows[]
+        = {{"", 1, ""},       {"a", 1, "a"},  {"a\n", 2, ""},         {"a\r\nb", 2, "b"},    {"a\rb\rc", 3, "c"},
+           {"\n\n\n", 4, ""}, {"a\r", 2, ""}, {"x\r\n\r\ny", 3, "y"}, {"a\nbb\n\nc", 4, "c"}};
     for (Row const &row : rows) {
         Text const text(row.content);
         EXPECT_EQ(row.lines, text.LineCount()) << row.content;
