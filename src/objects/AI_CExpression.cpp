@@ -85,7 +85,10 @@ AI_CExprList::AI_CExprList() {}
 
 AI_CExprList::~AI_CExprList() { lists::DeleteAll(m_lstExpressions); }
 
-CString AI_CExprList::GetDescription() { return lists::Describe("expression list: ", m_lstExpressions, " expressions"); }
+CString AI_CExprList::GetDescription()
+{
+    return lists::Describe("expression list: ", m_lstExpressions, " expressions");
+}
 
 void AI_CExprList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 {

@@ -92,8 +92,8 @@ public:
 private:
     // Small, as a script holds millions of lists: the counts, and a bit
     // that tells which member of the union holds the slots.
-    int m_nCount = 0;  // elements
-    int m_nSlots : 31; // slots in use, removed ones in the middle included
+    int m_nCount = 0;   // elements
+    int m_nSlots : 31;  // slots in use, removed ones in the middle included
     unsigned int m_bOnHeap : 1;
     union
     {
