@@ -2,7 +2,6 @@
 
 #include <ostream>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -40,6 +39,17 @@ std::size_t AppendChildren(AI_CObject const &object, std::vector<AI_CObject cons
     return static_cast<std::size_t>(list.GetCount());
 }
 
+// Whether the object is on the path already. The path is short (a few
+// levels per loaded file, nesting bounded by the parser's stack), so a scan
+// costs less than keeping a set of it.
+bool IsOnPath(std::vector<Frame> const &path, AI_CObject const *pObject)
+{
+    for (Frame const &frame : path)
+        if (frame.pObject == pObject)
+            return true;
+    return false;
+}
+
 }  // namespace
 
 // The walk keeps its own stack: conditions and blocks may nest deeper than
@@ -48,15 +58,12 @@ void WriteTree(std::ostream &out, AI_CObject const &root)
 {
     std::vector<Frame> path;
     std::vector<AI_CObject const *> pending;
-    std::unordered_set<AI_CObject const *> onPath;
 
     WriteLine(out, root, 0);
     path.push_back({&root, 0, 0, AppendChildren(root, pending)});
-    onPath.insert(&root);
     while (!path.empty()) {
         Frame &top = path.back();
         if (top.nNext == top.nEnd) {
-            onPath.erase(top.pObject);
             pending.resize(top.nBegin);
             path.pop_back();
             continue;
@@ -66,11 +73,10 @@ void WriteTree(std::ostream &out, AI_CObject const &root)
         std::size_t const nBegin = pending.size();
         if (AppendChildren(*child, pending) == 0)
             continue;  // a leaf: nothing below it to walk
-        if (onPath.count(child)) {
+        if (IsOnPath(path, child)) {
             pending.resize(nBegin);
             continue;
         }
-        onPath.insert(child);
         path.push_back({child, nBegin, nBegin, pending.size()});
     }
 }

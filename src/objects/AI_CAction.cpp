@@ -52,7 +52,7 @@ AI_CActionList::AI_CActionList() {}
 
 AI_CActionList::~AI_CActionList() { lists::DeleteAll(m_lstActions); }
 
-CString AI_CActionList::GetDescription() { return lists::Describe("action list: %d actions", m_lstActions); }
+CString AI_CActionList::GetDescription() { return lists::Describe("action list: ", m_lstActions, " actions"); }
 
 void AI_CActionList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendTo(m_lstActions, out); }
 

@@ -159,7 +159,7 @@ AI_CCEList::AI_CCEList() {}
 
 AI_CCEList::~AI_CCEList() { lists::DeleteAll(m_lstCEs); }
 
-CString AI_CCEList::GetDescription() { return lists::Describe("fact list: %d CEs", m_lstCEs); }
+CString AI_CCEList::GetDescription() { return lists::Describe("fact list: ", m_lstCEs, " CEs"); }
 
 void AI_CCEList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const { lists::AppendTo(m_lstCEs, out); }
 

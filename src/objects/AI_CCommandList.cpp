@@ -11,7 +11,7 @@ AI_CCommandList::AI_CCommandList() {}
 
 AI_CCommandList::~AI_CCommandList() { lists::DeleteAll(m_lstCommands); }
 
-CString AI_CCommandList::GetDescription() { return lists::Describe("command list: %d commands", m_lstCommands); }
+CString AI_CCommandList::GetDescription() { return lists::Describe("command list: ", m_lstCommands, " commands"); }
 
 void AI_CCommandList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 {

@@ -28,15 +28,13 @@ int AI_CExpression::IsExpressionID(unsigned int nSID) { return AI_IsParam(nSID);
 // describes every argument of a strategy.
 CString AI_CExpression::GetDescription()
 {
-    CString str;
     switch (m_nType) {
     case AI_EXPR_SYMBOL:
         return "symbol: " + AI_String(m_contents.nSID);
     case AI_EXPR_STRING:
         return CString("string: ") + (m_contents.pString ? m_contents.pString->GetString() : "");
     default:
-        str.Format("integer: %d", m_contents.nInteger);
-        return str;
+        return lists::WithNumber("integer: ", m_contents.nInteger);
     }
 }
 
@@ -87,7 +85,10 @@ AI_CExprList::AI_CExprList() {}
 
 AI_CExprList::~AI_CExprList() { lists::DeleteAll(m_lstExpressions); }
 
-CString AI_CExprList::GetDescription() { return lists::Describe("expression list: %d expressions", m_lstExpressions); }
+CString AI_CExprList::GetDescription()
+{
+    return lists::Describe("expression list: ", m_lstExpressions, " expressions");
+}
 
 void AI_CExprList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const
 {

@@ -118,7 +118,7 @@ int AI_CLoadOptionList::GetTotalProbability() const
 
 CString AI_CLoadOptionList::GetDescription()
 {
-    return lists::Describe("load options list: %d load options", m_lstLoadOptions);
+    return lists::Describe("load options list: ", m_lstLoadOptions, " load options");
 }
 
 void AI_CLoadOptionList::GetObjects(CTypedPtrList<CObList, AI_CObject *> &out) const

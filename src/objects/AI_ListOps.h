@@ -4,6 +4,8 @@
 #ifndef STRATAGEM_OBJECTS_AI_LISTOPS_H
 #define STRATAGEM_OBJECTS_AI_LISTOPS_H
 
+#include <charconv>
+#include <cstring>
 #include <ostream>
 
 #include "AI_CObject.h"
@@ -53,13 +55,30 @@ inline void AppendIf(AI_CObject *p, List<AI_CObject> &out)
         out.AddTail(p);
 }
 
-// The description of a list: its format filled with the element count.
-template <class T>
-CString Describe(char const *pszFormat, List<T> const &list)
+// A description holding one number: the text before it, the number in
+// decimal, the text after it. Joined rather than formatted, as a tree walk
+// asks every object for its description.
+// The texts are the short ones of the descriptions; longer ones are joined
+// piece by piece.
+inline CString WithNumber(char const *pszBefore, int nValue, char const *pszAfter = "")
 {
-    CString str;
-    str.Format(pszFormat, static_cast<int>(list.GetCount()));
-    return str;
+    char szDigits[16];
+    std::size_t const nDigits = std::to_chars(szDigits, szDigits + sizeof szDigits, nValue).ptr - szDigits;
+    std::size_t const nBefore = std::strlen(pszBefore), nAfter = std::strlen(pszAfter);
+    char szText[80];
+    if (nBefore + nDigits + nAfter > sizeof szText)
+        return pszBefore + CString(szDigits, static_cast<int>(nDigits)) + pszAfter;
+    std::memcpy(szText, pszBefore, nBefore);
+    std::memcpy(szText + nBefore, szDigits, nDigits);
+    std::memcpy(szText + nBefore + nDigits, pszAfter, nAfter);
+    return CString(szText, static_cast<int>(nBefore + nDigits + nAfter));
+}
+
+// The description of a list: the element count between the two texts.
+template <class T>
+CString Describe(char const *pszBefore, List<T> const &list, char const *pszAfter)
+{
+    return WithNumber(pszBefore, static_cast<int>(list.GetCount()), pszAfter);
 }
 
 }  // namespace lists

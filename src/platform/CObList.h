@@ -1,139 +1,169 @@
-// Ordered, doubly linked lists of pointers: CObList (of CObject *), CPtrList
+// Ordered lists of pointers: CObList (of CObject *), CPtrList
 // (of void *) and the typed wrapper CTypedPtrList. A list never deletes what
 // its elements point to; the owner of the list does.
 #ifndef STRATAGEM_PLATFORM_COBLIST_H
 #define STRATAGEM_PLATFORM_COBLIST_H
 
-#include <functional>
+#include <algorithm>
+#include <cstdint>
 
 #include "CObject.h"
 #include "memory.h"
 
-// The shared list machinery; POSITION is a node pointer. As in the class
-// library, a removed node is kept for the list's next insertion (the parser
-// remembers and forgets an object for every one it builds), and the nodes
-// are freed when the list is emptied or destroyed. The first nodes live in
-// the list itself: most lists of a script (arguments, conditions, actions)
-// hold one or two elements, which then cost no allocation of their own. A
-// list never moves, so its nodes and positions stay where they are.
+// The shared list machinery. The elements sit in one array, in order; a
+// POSITION is a slot's index plus one, so positions survive the array's
+// growth. As in the class library, removing an element leaves every other
+// position valid: a removed slot in the middle is marked and skipped by
+// the walks, while removed slots at the tail are given back at once (the
+// parser remembers and forgets an object for every one it builds, mostly
+// the last one). The slots are reused from the start when the list empties.
+// The first slots live in the list itself: most lists of a script
+// (arguments, conditions, actions) hold one or two elements, which then
+// cost no allocation of their own. A list never moves.
 template <class ELEMENT>
 class CPointerList
 {
-    static int const kInlineNodes = 2;
-
-    struct CNode : __POSITION
-    {
-        CNode *pNext;
-        CNode *pPrev;
-        ELEMENT data;
-    };
+    static int const kInlineSlots = 2;
 
 public:
-    CPointerList() = default;
+    CPointerList() : m_nSlots(0), m_bOnHeap(0) {}
     CPointerList(CPointerList const &) = delete;
     CPointerList &operator=(CPointerList const &) = delete;
-    ~CPointerList() { RemoveAll(); }
+    ~CPointerList() { ReleaseSlots(); }
 
     INT_PTR GetCount() const { return m_nCount; }
     BOOL IsEmpty() const { return m_nCount == 0; }
 
-    ELEMENT &GetHead() { return m_pHead->data; }
-    ELEMENT GetHead() const { return m_pHead->data; }
-    ELEMENT &GetTail() { return m_pTail->data; }
-    ELEMENT GetTail() const { return m_pTail->data; }
+    ELEMENT &GetHead() { return Slots()[LiveFrom(0, +1)]; }
+    ELEMENT GetHead() const { return Slots()[LiveFrom(0, +1)]; }
+    ELEMENT &GetTail() { return Slots()[m_nSlots - 1]; }
+    ELEMENT GetTail() const { return Slots()[m_nSlots - 1]; }
 
-    POSITION GetHeadPosition() const { return m_pHead; }
-    POSITION GetTailPosition() const { return m_pTail; }
+    POSITION GetHeadPosition() const { return ToPosition(LiveFrom(0, +1)); }
+    POSITION GetTailPosition() const { return ToPosition(m_nSlots - 1); }
 
-    ELEMENT &GetNext(POSITION &rPosition) { return Step(rPosition, &CNode::pNext); }
-    ELEMENT GetNext(POSITION &rPosition) const { return Step(rPosition, &CNode::pNext); }
-    ELEMENT &GetPrev(POSITION &rPosition) { return Step(rPosition, &CNode::pPrev); }
-    ELEMENT GetPrev(POSITION &rPosition) const { return Step(rPosition, &CNode::pPrev); }
+    ELEMENT &GetNext(POSITION &rPosition) { return Slots()[Step(rPosition, +1)]; }
+    ELEMENT GetNext(POSITION &rPosition) const { return Slots()[Step(rPosition, +1)]; }
+    ELEMENT &GetPrev(POSITION &rPosition) { return Slots()[Step(rPosition, -1)]; }
+    ELEMENT GetPrev(POSITION &rPosition) const { return Slots()[Step(rPosition, -1)]; }
 
     POSITION AddTail(ELEMENT newElement)
     {
-        CNode *pNode = NewNode();
-        *pNode = CNode {{}, nullptr, m_pTail, newElement};
-        (m_pTail ? m_pTail->pNext : m_pHead) = pNode;
-        m_pTail = pNode;
+        if (m_nSlots == Capacity())
+            Grow();
+        Slots()[m_nSlots++] = newElement;
         ++m_nCount;
-        return pNode;
+        return ToPosition(m_nSlots - 1);
     }
     // Appends the elements of another list (the other list is unchanged).
-    // Counted first, so that a list appended to itself is doubled.
+    // The slots are counted first, so that a list appended to itself is
+    // doubled.
     void AddTail(CPointerList const *pNewList)
     {
-        CNode const *pNode = pNewList->m_pHead;
-        for (INT_PTR n = pNewList->m_nCount; n > 0; --n, pNode = pNode->pNext)
-            AddTail(pNode->data);
+        for (int nSlot = 0, nSlots = pNewList->m_nSlots; nSlot < nSlots; ++nSlot)
+            if (!pNewList->IsRemoved(nSlot))
+                AddTail(pNewList->Slots()[nSlot]);
     }
 
     void RemoveAt(POSITION position)
     {
-        CNode *pNode = static_cast<CNode *>(position);
-        (pNode->pPrev ? pNode->pPrev->pNext : m_pHead) = pNode->pNext;
-        (pNode->pNext ? pNode->pNext->pPrev : m_pTail) = pNode->pPrev;
-        pNode->pNext = m_pFree;
-        m_pFree = pNode;
+        Slots()[ToSlot(position)] = RemovedMark();
         --m_nCount;
+        while (m_nSlots > 0 && IsRemoved(m_nSlots - 1))
+            --m_nSlots;
     }
     void RemoveAll()
     {
-        for (CNode *pChain : {m_pHead, m_pFree})
-            for (CNode *pNode = pChain; pNode;) {
-                CNode *pNext = pNode->pNext;
-                if (!IsInline(pNode))
-                    delete pNode;
-                pNode = pNext;
-            }
-        m_pHead = m_pTail = m_pFree = nullptr;
-        m_nCount = 0;
-        m_nInlineUsed = 0;
+        ReleaseSlots();
+        m_bOnHeap = 0;
+        m_nSlots = m_nCount = 0;
     }
 
     // The first position holding the element, searching after startAfter
     // (or from the head); null when there is none.
     POSITION Find(ELEMENT searchValue, POSITION startAfter = nullptr) const
     {
-        CNode *pNode = startAfter ? static_cast<CNode *>(startAfter)->pNext : m_pHead;
-        for (; pNode; pNode = pNode->pNext)
-            if (pNode->data == searchValue)
-                return pNode;
+        for (int nSlot = startAfter ? ToSlot(startAfter) + 1 : 0; nSlot < m_nSlots; ++nSlot)
+            if (Slots()[nSlot] == searchValue && !IsRemoved(nSlot))
+                return ToPosition(nSlot);
         return nullptr;
     }
 
 private:
-    CNode *m_pHead = nullptr;
-    CNode *m_pTail = nullptr;
-    CNode *m_pFree = nullptr;  // removed nodes, for the next insertions
-    int m_nCount = 0;          // an int beside the next one keeps a list small
-    int m_nInlineUsed = 0;     // inline nodes handed out since the list was empty
-    CNode m_inlineNodes[kInlineNodes];
-
-    bool IsInline(CNode const *pNode) const
+    // Small, as a script holds millions of lists: the counts, and a bit
+    // that tells which member of the union holds the slots.
+    int m_nCount = 0;   // elements
+    int m_nSlots : 31;  // slots in use, removed ones in the middle included
+    unsigned int m_bOnHeap : 1;
+    union
     {
-        std::less<CNode const *> const before;
-        return !before(pNode, m_inlineNodes) && before(pNode, m_inlineNodes + kInlineNodes);
+        ELEMENT aInline[kInlineSlots];
+        struct
+        {
+            ELEMENT *pSlots;
+            int nCapacity;
+        } heap;
+    } m_storage;
+
+    ELEMENT *Slots() { return m_bOnHeap ? m_storage.heap.pSlots : m_storage.aInline; }
+    ELEMENT const *Slots() const { return m_bOnHeap ? m_storage.heap.pSlots : m_storage.aInline; }
+    int Capacity() const { return m_bOnHeap ? m_storage.heap.nCapacity : kInlineSlots; }
+
+    static POSITION ToPosition(int nSlot)
+    {
+        return nSlot < 0 ? nullptr : reinterpret_cast<POSITION>(static_cast<std::uintptr_t>(nSlot) + 1);
+    }
+    static int ToSlot(POSITION position) { return static_cast<int>(reinterpret_cast<std::uintptr_t>(position) - 1); }
+
+    // A removed slot holds the address of the list's own count: a value no
+    // caller puts into a list, the same wherever the list is walked.
+    ELEMENT RemovedMark() const { return reinterpret_cast<ELEMENT>(const_cast<int *>(&m_nCount)); }
+    bool IsRemoved(int nSlot) const { return Slots()[nSlot] == RemovedMark(); }
+
+    // The first slot holding an element from nSlot on in the direction
+    // given (+1 or -1); -1 when there is none.
+    int LiveFrom(int nSlot, int nDirection) const
+    {
+        for (; nSlot >= 0 && nSlot < m_nSlots; nSlot += nDirection)
+            if (!IsRemoved(nSlot))
+                return nSlot;
+        return -1;
     }
 
-    CNode *NewNode()
+    int Step(POSITION &rPosition, int nDirection) const
     {
-        CNode *pNode = m_pFree;
-        if (pNode)
-            m_pFree = pNode->pNext;
-        else if (m_nInlineUsed < kInlineNodes)
-            pNode = &m_inlineNodes[m_nInlineUsed++];
-        else if (!(pNode = new (std::nothrow) CNode))
+        int nSlot = ToSlot(rPosition);
+        rPosition = ToPosition(LiveFrom(nSlot + nDirection, nDirection));
+        return nSlot;
+    }
+
+    void Grow()
+    {
+        int nCapacity = Capacity() * 2;
+        ELEMENT *pSlots = new (std::nothrow) ELEMENT[nCapacity];
+        if (!pSlots)
             AfxThrowMemoryException();
-        return pNode;
+        std::copy(Slots(), Slots() + m_nSlots, pSlots);
+        ReleaseSlots();
+        m_storage.heap.pSlots = pSlots;
+        m_storage.heap.nCapacity = nCapacity;
+        m_bOnHeap = 1;
     }
 
-    static ELEMENT &Step(POSITION &rPosition, CNode *CNode::*pLink)
+    // The compiler cannot tell which member of the union is live and takes
+    // an element kept inline for the array's address.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wfree-nonheap-object"
+#endif
+    void ReleaseSlots()
     {
-        CNode *pNode = static_cast<CNode *>(rPosition);
-        rPosition = pNode->*pLink;
-        return pNode->data;
+        if (m_bOnHeap)
+            delete[] m_storage.heap.pSlots;
     }
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
 };
 
 class CObList : public CPointerList<CObject *>

@@ -15,6 +15,6 @@ void AI_DeleteAll()
     vocabulary::Registry &r = vocabulary::TheRegistry();
     r.values.clear();
     r.names.clear();
-    std::vector<bool>().swap(r.named);
+    std::vector<char const *>().swap(r.denseNames);
     r.symbols.clear();
 }

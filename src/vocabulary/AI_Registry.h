@@ -15,7 +15,9 @@ namespace vocabulary {
 
 typedef std::unordered_map<unsigned int, std::unique_ptr<AI_CFunction>> FunctionTable;
 
-unsigned int const kDenseSids = 1u << 24;
+// SIDs below this have their names in a vector as well (two megabytes at
+// most): the builtin words and the constants of a session are dense there.
+unsigned int const kDenseSids = 1u << 18;
 
 // A name's entry: the key of the entry views the spelling the entry owns
 // (in the same node, so a lookup reads one place), and looking up a word of
@@ -30,9 +32,11 @@ struct Registry
 {
     std::unordered_map<std::string_view, Symbol> symbols;  // name -> SID
     std::unordered_map<unsigned int, std::string> names;   // SID -> name
-    // Whether a SID below kDenseSids has a name: the kind tests ask for
-    // every argument of a script, and a bit is found faster than a node.
-    std::vector<bool> named;
+    // The name of a SID below kDenseSids (the text held in names), null
+    // when it has none: the kind tests ask for every argument of a script
+    // and the descriptions for every object, and a slot is found faster
+    // than a node.
+    std::vector<char const *> denseNames;
     std::unordered_map<unsigned int, std::vector<int>> values;  // a constant's values
     FunctionTable facts;
     FunctionTable actions;

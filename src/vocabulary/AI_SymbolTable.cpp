@@ -18,9 +18,9 @@ void Intern(char const *pszName, unsigned int nSID)
     Registry &r = TheRegistry();
     char const *pszText = pszName ? pszName : "";
     platform::Allocating([&] {
-        if (nSID < kDenseSids && nSID >= r.named.size())
-            r.named.resize(std::max<std::size_t>(nSID + 1, 2 * r.named.size()));
-        r.names[nSID] = pszText;
+        if (nSID < kDenseSids && nSID >= r.denseNames.size())
+            r.denseNames.resize(std::max<std::size_t>(nSID + 1, 2 * r.denseNames.size()));
+        std::string &name = r.names[nSID];
         auto const it = r.symbols.find(pszText);
         if (it != r.symbols.end()) {
             it->second.nSID = nSID;
@@ -31,9 +31,12 @@ void Intern(char const *pszName, unsigned int nSID)
             node.key() = node.mapped().spelling;
             r.symbols.insert(std::move(node));
         }
+        // Last, so that a failure above leaves the slot viewing the text
+        // the name still has.
+        name = pszText;
+        if (nSID < kDenseSids)
+            r.denseNames[nSID] = name.c_str();
     });
-    if (nSID < kDenseSids)
-        r.named[nSID] = true;
 }
 
 bool Forget(unsigned int nSID)
@@ -45,7 +48,7 @@ bool Forget(unsigned int nSID)
     r.symbols.erase(it->second);
     r.names.erase(it);
     if (nSID < kDenseSids)
-        r.named[nSID] = false;
+        r.denseNames[nSID] = nullptr;
     return true;
 }
 
@@ -60,13 +63,18 @@ int IsRegistered(unsigned int nSID)
 {
     Registry const &r = TheRegistry();
     if (nSID < kDenseSids)
-        return nSID < r.named.size() && r.named[nSID] ? 1 : 0;
+        return nSID < r.denseNames.size() && r.denseNames[nSID] ? 1 : 0;
     return r.names.count(nSID) ? 1 : 0;
 }
 
 char const *NameOf(unsigned int nSID)
 {
-    std::unordered_map<unsigned int, std::string> const &names = TheRegistry().names;
+    Registry const &r = TheRegistry();
+    if (nSID < kDenseSids) {
+        char const *pszName = nSID < r.denseNames.size() ? r.denseNames[nSID] : nullptr;
+        return pszName ? pszName : "";
+    }
+    std::unordered_map<unsigned int, std::string> const &names = r.names;
     auto const it = names.find(nSID);
     return it != names.end() ? it->second.c_str() : "";
 }

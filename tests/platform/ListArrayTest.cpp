@@ -3,6 +3,7 @@
 // to would crash here.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <vector>
 
@@ -87,6 +88,63 @@ TEST(TypedPtrList, PositionsSurviveGrowthAndReuse)
         backwards.push_back(list.GetPrev(pos)->m_nId);
     EXPECT_EQ((std::vector<int> {0, 5, 1, 7, 6, 4, 3, 2}), backwards);
     EXPECT_EQ(8, list.GetCount());
+}
+
+// Removing elements in any order: the walks skip what was removed, a
+// list appended to another brings only what it still holds, and a list
+// emptied element by element takes new elements as a fresh one does.
+TEST(TypedPtrList, RemovalInAnyOrderThenReuse)
+{
+    struct Row
+    {
+        char const *name;
+        std::vector<int> removed;  // slots, in the order they are removed
+        std::vector<int> left;     // ids after those removals
+    };
+    Row const rows[] = {
+        {"head first", {0, 1}, {2, 3, 4}},
+        {"tail first", {4, 3}, {0, 1, 2}},
+        {"middle, then around it", {2, 1, 3}, {0, 4}},
+        {"every one, middle out", {2, 1, 3, 0, 4}, {}},
+        {"every one, tail first", {4, 3, 2, 1, 0}, {}},
+    };
+    for (Row const &row : rows) {
+        std::deque<Item> items;
+        for (int n = 0; n < 5; ++n)
+            items.emplace_back(n);
+        ItemList list, copy;
+        std::vector<POSITION> positions;
+        for (Item &item : items)
+            positions.push_back(list.AddTail(&item));
+        for (int n : row.removed)
+            list.RemoveAt(positions[n]);
+        EXPECT_EQ(row.left, Ids(list)) << row.name;
+        EXPECT_EQ(static_cast<INT_PTR>(row.left.size()), list.GetCount()) << row.name;
+        copy.AddTail(&list);
+        EXPECT_EQ(row.left, Ids(copy)) << row.name;
+        for (Item &item : items) {
+            POSITION found = list.Find(&item);
+            bool bLeft = std::count(row.left.begin(), row.left.end(), item.m_nId) != 0;
+            EXPECT_EQ(bLeft, found != nullptr) << row.name << " " << item.m_nId;
+            if (found) {
+                EXPECT_EQ(&item, list.GetNext(found)) << row.name;
+            }
+        }
+        std::vector<int> backwards;
+        for (POSITION pos = list.GetTailPosition(); pos;)
+            backwards.push_back(list.GetPrev(pos)->m_nId);
+        EXPECT_EQ(std::vector<int>(row.left.rbegin(), row.left.rend()), backwards) << row.name;
+        if (!row.left.empty()) {
+            EXPECT_EQ(row.left.front(), list.GetHead()->m_nId) << row.name;
+            EXPECT_EQ(row.left.back(), list.GetTail()->m_nId) << row.name;
+            continue;
+        }
+        EXPECT_EQ(nullptr, list.GetHeadPosition()) << row.name;
+        POSITION first = list.AddTail(&items[3]);
+        EXPECT_EQ(first, list.GetHeadPosition()) << row.name;
+        EXPECT_EQ(first, list.GetTailPosition()) << row.name;
+        EXPECT_EQ((std::vector<int> {3}), Ids(list)) << row.name;
+    }
 }
 
 }  // namespace
