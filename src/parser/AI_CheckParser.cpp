@@ -67,7 +67,7 @@ public:
 
     int Next() override
     {
-        Token &token = Deliver(Pull());
+        Token &token = Deliver(PullSkippingOrphans());
         AI_nLine = token.nLine;
         ai_yylloc = token.span;
         switch (token.nCode) {
@@ -109,33 +109,37 @@ public:
     int PreviousCode() const { return m_nDelivered > 1 ? m_ring[(m_nDelivered - 2) % kRing].nCode : 0; }
     bool InActions() const { return m_bInActions; }
 
-    // Moves on to the next top-level command after an error: the pair just
-    // read if it begins one (the command before it was cut short), else the
-    // first one further on. Scanner errors on the way are reported too.
+    // Moves on to the next command after an error, at any depth: the pair
+    // just read if it begins one (the command before it was cut short), else
+    // the first one further on. A command inside a block is read on as if it
+    // stood at the top, so that the rest of a broken block, its other branch
+    // included, is checked too; the directives that close the blocks left
+    // open are passed over. Scanner errors on the way are reported too.
     // False at the end of the text.
     bool Resync()
     {
         if (m_nDelivered >= 2) {
             Token const &first = m_ring[(m_nDelivered - 2) % kRing];
             Token const &second = Last();
-            if (first.nIndex > m_nRunIndex && BeginsCommand(first.nCode, second.nCode) && m_nDepthBefore == 0) {
-                Restart(first, second);
+            if (first.nIndex > m_nRunIndex && BeginsCommand(first.nCode, second.nCode)) {
+                Restart(first, second, m_nOrphans + m_nDepthBefore);
                 return true;
             }
         }
         if (m_nDelivered == 0 || IsEnd(Last().nCode))
             return false;
+        int nDepth = m_nOrphans + m_nDepth;
         Token previous = Last();
         for (;;) {
             Token token = Pull();
             if (IsEnd(token.nCode))
                 return false;
             ReportScanError(token);
-            if (BeginsCommand(previous.nCode, token.nCode) && m_nDepth == 0) {
-                Restart(previous, token);
+            if (BeginsCommand(previous.nCode, token.nCode)) {
+                Restart(previous, token, nDepth);
                 return true;
             }
-            m_nDepth = std::max(0, m_nDepth + DepthChange(previous.nCode, token.nCode));
+            nDepth = std::max(0, nDepth + DepthChange(previous.nCode, token.nCode));
             previous = token;
         }
     }
@@ -211,12 +215,32 @@ private:
         return slot;
     }
 
-    void Restart(Token const &first, Token const &second)
+    void Restart(Token const &first, Token const &second, int nOrphans)
     {
         m_queue.push_front(second);
         m_queue.push_front(first);
+        m_nOrphans = nOrphans;
         m_nDepth = 0;
         m_nDelivered = 0;
+    }
+
+    // The next token for the grammar, past any "#else" or "#end-if" of a
+    // block whose opening a restart left behind. Only then is a token read
+    // ahead: the one after "#", which holds no text the grammar still needs.
+    Token PullSkippingOrphans()
+    {
+        Token token = Pull();
+        while (m_nOrphans > 0 && m_nDepth == 0 && token.nCode == '#') {
+            Token second = Pull();
+            if (second.nCode != TOK_D_ELSE && second.nCode != TOK_D_END_IF) {
+                m_queue.push_front(second);
+                break;
+            }
+            if (second.nCode == TOK_D_END_IF)
+                --m_nOrphans;
+            token = Pull();
+        }
+        return token;
     }
 
     // A token a plain parse would have stopped at, met while looking for the
@@ -251,6 +275,7 @@ private:
     int m_nRunBegin = -1;    // its offset
     int m_nDepth = 0;        // blocks open after the last token
     int m_nDepthBefore = 0;  // ... and before it
+    int m_nOrphans = 0;      // blocks open where the run began
     bool m_bInActions = false;
     AI_CCommandList *m_pTopList = nullptr;
     std::vector<AI_Span> m_arguments;

@@ -32,14 +32,20 @@ TEST_F(Paths, ScannerErrorsComeInTokenOrder)
               Where(report));
 }
 
-TEST_F(Paths, AnErrorInsideABlockResumesAfterTheBlock)
+TEST_F(Paths, AnErrorInsideABlockResumesAtTheNextCommandOfEitherBranch)
 {
     stratagem::CheckReport report = Run("#load-if-defined GIANT-MAP\n"
                                         "  (defrule (tru) => (do-nothing))\n"
-                                        "  (defrule (fals) => (do-nothing))\n"
+                                        "  #load-if-not-defined TINY-MAP (defrule (fals) => (do-nothing)) #end-if\n"
+                                        "  (defrule (true) => (build hous))\n"
+                                        "#else\n"
+                                        "  (defrule (true) => (resign 1))\n"
                                         "#end-if\n"
                                         "(defrule (true) => (do-nothng))\n");
-    EXPECT_EQ((std::vector<std::string> {"main.per:2:13-2:15 E007", "main.per:5:21-5:29 E007"}), Where(report));
+    EXPECT_EQ((std::vector<std::string> {"main.per:2:13-2:15 E007", "main.per:3:43-3:46 E007",
+                                         "main.per:4:29-4:32 E007", "main.per:6:23-6:28 E008",
+                                         "main.per:8:21-8:29 E007"}),
+              Where(report));
 }
 
 TEST_F(Paths, ABrokenFileDoesNotHideTheNextOne)
