@@ -55,7 +55,12 @@ build-asan: deps
 	$(CMAKE_GEN) -B $(ASAN) -DSTRATAGEM_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 	cmake --build $(ASAN) -j $(JOBS)
 
-run: build
+# The build's own output is kept back unless it fails, so that standard
+# output holds the listing alone.
+run:
+	@log=$$(mktemp); \
+	if ! $(MAKE) --no-print-directory build >$$log 2>&1; then cat $$log >&2; rm -f $$log; exit 1; fi; \
+	rm -f $$log
 	@$(BUILD)/stratagem --name "Sample" examples/main.per
 
 test-release: build vscode-deps
