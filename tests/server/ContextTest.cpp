@@ -28,15 +28,8 @@ std::vector<stratagem::Token> Context::m_tokens;
 
 TEST_F(Context, FindsThePlaceOfTheCursor)
 {
-    struct Row
-    {
-        char const *text;
-        Place place;
-        char const *function;  // for arguments
-        int argument;
-        char const *prefix;
-    };
-    Row const rows[] = {
+    // Rows: text, place, function (for arguments), argument, prefix.
+    std::tuple<char const *, Place, char const *, int, char const *> const rows[] = {
         {"(|", Place::Command, "", -1, ""},
         {"(def|", Place::Command, "", -1, "def"},
         {"(defrule (|", Place::Condition, "", -1, ""},
@@ -64,35 +57,31 @@ TEST_F(Context, FindsThePlaceOfTheCursor)
         {"(defrule (true) => (unknown-action |", Place::Nothing, "", -1, ""},
         {"(defconst x \"a|\")", Place::Nothing, "", -1, ""},
     };
-    for (Row const &row : rows) {
-        CursorContext const context = At(row.text);
-        EXPECT_EQ(row.place, context.place) << row.text;
-        EXPECT_EQ(row.prefix, context.prefix) << row.text;
-        if (row.place == Place::Argument) {
-            EXPECT_EQ(AI_Symbol(row.function), context.function) << row.text;
-            EXPECT_EQ(row.argument, context.argument) << row.text;
+    for (auto const &[text, place, function, argument, prefix] : rows) {
+        CursorContext const context = At(text);
+        EXPECT_EQ(place, context.place) << text;
+        EXPECT_EQ(prefix, context.prefix) << text;
+        if (place == Place::Argument) {
+            EXPECT_EQ(AI_Symbol(function), context.function) << text;
+            EXPECT_EQ(argument, context.argument) << text;
         }
     }
 }
 
 TEST_F(Context, FindsTheTokenUnderTheCursor)
 {
-    struct Row
-    {
-        char const *text;
-        char const *token;  // "" for none
-    };
-    Row const rows[]
+    // Rows: text, token ("" for none).
+    std::pair<char const *, char const *> const rows[]
         = {{"(|train villager)", "train"},    {"(tra|in villager)", "train"}, {"(train| villager)", "train"},
            {"(train |villager)", "villager"}, {"(train  |  villager)", ""},   {"|", ""},
            {"(load |\"x\")", "\"x\""}};
-    for (Row const &row : rows) {
-        std::string text = row.text;
+    for (auto const &[expectedText, expectedToken] : rows) {
+        std::string text = expectedText;
         std::size_t const mark = text.find('|');
         text.erase(mark, 1);
         std::vector<stratagem::Token> const tokens = stratagem::Tokenize(text);
         stratagem::Token const *token = TokenAt(tokens, Cursor {1, static_cast<int>(mark) + 1});
-        EXPECT_EQ(std::string(row.token), token ? token->text : "") << row.text;
+        EXPECT_EQ(std::string(expectedToken), token ? token->text : "") << expectedText;
     }
 }
 

@@ -21,27 +21,21 @@ ContentChange Edit(int line, int from, int toLine, int to, std::string text)
 
 TEST(Documents, AppliesChangesInOrder)
 {
-    struct Row
-    {
-        char const *name;
-        std::string before;
-        std::vector<ContentChange> changes;
-        std::string after;
-    };
-    Row const rows[] = {
+    // Rows: name, before, changes, after.
+    std::tuple<char const *, std::string, std::vector<ContentChange>, std::string> const rows[] = {
         {"typing a word", "(defrule\n    (tr", {Edit(1, 7, 1, 7, "a"), Edit(1, 8, 1, 8, "in")}, "(defrule\n    (train"},
         {"each change sees the one before", "abc", {Edit(0, 0, 0, 1, "xy"), Edit(0, 2, 0, 3, "Z")}, "xyZc"},
         {"whole text, then a range", "old", {{std::nullopt, "new\ntext"}, Edit(1, 0, 1, 4, "line")}, "new\nline"},
         {"joining lines", "a\r\nb\r\nc", {Edit(0, 1, 2, 0, " ")}, "a c"},
         {"after an astral character", "\xF0\x9F\x98\x80x", {Edit(0, 2, 0, 3, "y")}, "\xF0\x9F\x98\x80y"},
     };
-    for (Row const &row : rows) {
+    for (auto const &[name, before, changes, after] : rows) {
         DocumentStore store;
         std::string const uri = "file:///w/a.per";
-        ASSERT_TRUE(store.Open(uri, row.before, 1));
-        ASSERT_TRUE(store.Change(uri, 2, row.changes));
-        EXPECT_EQ(row.after, store.Find(uri)->text.Content()) << row.name;
-        EXPECT_EQ(2, store.Find(uri)->version) << row.name;
+        ASSERT_TRUE(store.Open(uri, before, 1));
+        ASSERT_TRUE(store.Change(uri, 2, changes));
+        EXPECT_EQ(after, store.Find(uri)->text.Content()) << name;
+        EXPECT_EQ(2, store.Find(uri)->version) << name;
     }
 }
 
@@ -70,22 +64,17 @@ TEST(Documents, TracksOpenDocumentsByPath)
 // Closed files come from the disk, but never a directory or a device.
 TEST(Documents, ReadsOnlyRegularFilesFromDisk)
 {
-    struct Row
-    {
-        std::string name;
-        bool read;
-        int error;
-    };
-    Row const rows[] = {{servertest::DataPath("strategy/rules.per"), true, 0},
-                        {servertest::DataPath("strategy"), false, EISDIR},
-                        {"/dev/null", false, EINVAL},
-                        {servertest::DataPath("no-such-file.per"), false, ENOENT}};
+    // Rows: name, read, error.
+    std::tuple<std::string, bool, int> const rows[] = {{servertest::DataPath("strategy/rules.per"), true, 0},
+                                                       {servertest::DataPath("strategy"), false, EISDIR},
+                                                       {"/dev/null", false, EINVAL},
+                                                       {servertest::DataPath("no-such-file.per"), false, ENOENT}};
     DocumentStore const store;
-    for (Row const &row : rows) {
+    for (auto const &[name, read, expectedError] : rows) {
         std::string bytes;
         int error = 0;
-        EXPECT_EQ(row.read, store.Read(row.name, bytes, error)) << row.name;
-        EXPECT_EQ(row.error, error) << row.name;
+        EXPECT_EQ(read, store.Read(name, bytes, error)) << name;
+        EXPECT_EQ(expectedError, error) << name;
     }
 }
 
