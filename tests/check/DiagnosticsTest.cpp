@@ -94,11 +94,8 @@ TEST_F(FirstError, IsTheOneTheAnalysisReports)
 
 TEST_F(Diagnostics, MessagesNameTheCauseReadably)
 {
-    struct Row
-    {
-        char const *pszScript;
-        char const *pszMessage;
-    } const rows[] = {
+    // Rows: pszScript, pszMessage.
+    std::pair<char const *, char const *> const rows[] = {
         {"(defrule => (do-nothing))", "syntax error: unexpected '=>'; expected '('"},
         {"(defrule (true) => (do-nothing))\n)", "syntax error: unexpected ')'; expected end of file, '(' or '#'"},
         {"(defrule (true) => (do-nothing)", "syntax error: unexpected end of file; expected '(' or ')'"},
@@ -108,21 +105,17 @@ TEST_F(Diagnostics, MessagesNameTheCauseReadably)
         {"\x01", "invalid character byte 0x01"},
         {"(load \"a\n\")", "string not closed at the end of the line (a string cannot span lines)"},
     };
-    for (Row const &row : rows) {
-        stratagem::CheckReport report = Run(row.pszScript);
+    for (auto const &[pszScript, pszMessage] : rows) {
+        stratagem::CheckReport report = Run(pszScript);
         ASSERT_FALSE(report.diagnostics.empty());
-        EXPECT_EQ(row.pszMessage, report.diagnostics.front().message) << row.pszScript;
+        EXPECT_EQ(pszMessage, report.diagnostics.front().message) << pszScript;
     }
 }
 
 TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
 {
-    struct Row
-    {
-        char const *pszScript;
-        char const *pszHint;
-        char const *pszFix;
-    } const rows[] = {
+    // Rows: pszScript, pszHint, pszFix.
+    std::tuple<char const *, char const *, char const *> const rows[] = {
         {"(defrule (food-amont < 5) => (do-nothing))", "did you mean 'food-amount'?", "food-amount"},
         {"(defrule (true) => (do-nothng))", "did you mean 'do-nothing'?", "do-nothing"},
         {"(defrule (food-amount < 5) => (build archery-rnage))", "did you mean 'archery-range'?", "archery-range"},
@@ -131,16 +124,16 @@ TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
         {"(defrule (true) => (wood-amount < 3))", "'wood-amount' is a fact: facts come before '=>'", ""},
         {"(defrule (resign) => (resign))", "'resign' is an action: actions come after '=>'", ""},
     };
-    for (Row const &row : rows) {
-        stratagem::CheckReport report = Run(row.pszScript);
+    for (auto const &[pszScript, pszHint, pszFix] : rows) {
+        stratagem::CheckReport report = Run(pszScript);
         ASSERT_FALSE(report.diagnostics.empty());
         stratagem::Diagnostic const &first = report.diagnostics.front();
-        ASSERT_FALSE(first.hints.empty()) << row.pszScript;
-        EXPECT_EQ(row.pszHint, first.hints.front()) << row.pszScript;
-        if (!*row.pszFix)
+        ASSERT_FALSE(first.hints.empty()) << pszScript;
+        EXPECT_EQ(pszHint, first.hints.front()) << pszScript;
+        if (!*pszFix)
             continue;
         ASSERT_FALSE(first.fixes.empty());
-        EXPECT_EQ(row.pszFix, first.fixes.front().text);
+        EXPECT_EQ(pszFix, first.fixes.front().text);
         stratagem::Range const &fix = first.fixes.front().range;
         EXPECT_EQ(std::make_pair(first.range.line, first.range.column), std::make_pair(fix.line, fix.column));
         EXPECT_EQ(std::make_pair(first.range.endLine, first.range.endColumn),

@@ -22,28 +22,23 @@ TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
     ASSERT_EQ(3u, report.files.size());
     std::vector<stratagem::OutlineItem> const &outline = report.files[0].outline;
     ASSERT_EQ(3u, outline.size());
-    struct Row
-    {
-        stratagem::OutlineItem const &item;
-        stratagem::OutlineKind kind;
-        char const *pszName;
-        char const *pszDetail;
-        char const *pszRange;
-        char const *pszSelection;
-    } const rows[] = {
-        {outline[0], stratagem::OutlineKind::Constant, "size", "5", "1:1-1:17", "1:11-1:14"},
-        {outline[1], stratagem::OutlineKind::Load, "a", "a.per", "2:1-2:10", "2:7-2:9"},
-        {outline[2], stratagem::OutlineKind::Block, "GIANT-MAP", "#load-if-not-defined", "3:1-7:7", "3:22-3:30"},
-        {outline[2].children[0], stratagem::OutlineKind::Rule, "defrule", "", "4:3-4:41", "4:4-4:10"},
-        {outline[2].children[1], stratagem::OutlineKind::LoadRandom, "load-random", "30% a, default b", "6:3-6:26",
-         "6:4-6:14"},
-    };
-    for (Row const &row : rows) {
-        EXPECT_EQ(row.kind, row.item.kind) << row.pszName;
-        EXPECT_EQ(row.pszName, row.item.name);
-        EXPECT_EQ(row.pszDetail, row.item.detail);
-        EXPECT_EQ(row.pszRange, At(row.item.range)) << row.pszName;
-        EXPECT_EQ(row.pszSelection, At(row.item.selectionRange)) << row.pszName;
+    // Rows: item, kind, pszName, pszDetail, pszRange, pszSelection.
+    std::tuple<stratagem::OutlineItem const &, stratagem::OutlineKind, char const *, char const *, char const *,
+               char const *> const rows[]
+        = {
+            {outline[0], stratagem::OutlineKind::Constant, "size", "5", "1:1-1:17", "1:11-1:14"},
+            {outline[1], stratagem::OutlineKind::Load, "a", "a.per", "2:1-2:10", "2:7-2:9"},
+            {outline[2], stratagem::OutlineKind::Block, "GIANT-MAP", "#load-if-not-defined", "3:1-7:7", "3:22-3:30"},
+            {outline[2].children[0], stratagem::OutlineKind::Rule, "defrule", "", "4:3-4:41", "4:4-4:10"},
+            {outline[2].children[1], stratagem::OutlineKind::LoadRandom, "load-random", "30% a, default b", "6:3-6:26",
+             "6:4-6:14"},
+        };
+    for (auto const &[item, kind, pszName, pszDetail, pszRange, pszSelection] : rows) {
+        EXPECT_EQ(kind, item.kind) << pszName;
+        EXPECT_EQ(pszName, item.name);
+        EXPECT_EQ(pszDetail, item.detail);
+        EXPECT_EQ(pszRange, At(item.range)) << pszName;
+        EXPECT_EQ(pszSelection, At(item.selectionRange)) << pszName;
     }
 }
 
@@ -73,11 +68,8 @@ TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
 
 TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
 {
-    struct Row
-    {
-        char const *pszText;
-        std::vector<std::string> tokens;  // code@range "text"
-    } const rows[] = {
+    // Rows: pszText, tokens (code@range "text").
+    std::pair<char const *, std::vector<std::string>> const rows[] = {
         {"(defrule (x < -5)",
          {"40@1:1-1:1 (", "258@1:2-1:8 defrule", "40@1:10-1:10 (", "280@1:11-1:11 x", "269@1:13-1:13 <",
           "282@1:15-1:16 -5", "41@1:17-1:17 )"}},
@@ -86,11 +78,11 @@ TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
         {"\"cut\n(", {"281@1:1-1:4 \"cut", "40@2:1-2:1 ("}},
         {"99999999999999 x\x1Ay", {"282@1:1-1:14 99999999999999", "280@1:16-1:16 x"}},
     };
-    for (Row const &row : rows) {
+    for (auto const &[pszText, expectedTokens] : rows) {
         std::vector<std::string> tokens;
-        for (stratagem::Token const &token : stratagem::Tokenize(row.pszText))
+        for (stratagem::Token const &token : stratagem::Tokenize(pszText))
             tokens.push_back(std::to_string(token.code) + "@" + At(token.range) + " " + token.text);
-        EXPECT_EQ(row.tokens, tokens) << row.pszText;
+        EXPECT_EQ(expectedTokens, tokens) << pszText;
     }
 }
 

@@ -84,13 +84,8 @@ protected:
 
 TEST_F(SourceIndexTest, EveryKindOfObjectHasItsFileAndRange)
 {
-    struct Row
-    {
-        char const *pszClass;
-        char const *pszFile;
-        char const *pszRange;
-        char const *pszText;
-    } const rows[] = {
+    // Rows: pszClass, pszFile, pszRange, pszText.
+    std::tuple<char const *, char const *, char const *, char const *> const rows[] = {
         {"AI_CDefconstCommand", "main.per", "1:1-1:17", "(defconst size 5)"},
         {"AI_CLoadCommand", "main.per", "2:1-2:12", "(load \"lib\")"},
         {"AI_CLoadOption", "main.per", "3:14-3:19", "30 \"a\""},
@@ -117,13 +112,13 @@ TEST_F(SourceIndexTest, EveryKindOfObjectHasItsFileAndRange)
         strategy.Analyze();
         stratagem::SourceIndex const index(strategy);
         std::set<std::string> const found = Locate(strategy, index);
-        for (Row const &row : rows) {
-            std::string const strWhere = std::string(row.pszFile) + " " + row.pszRange;
-            EXPECT_EQ(1u, found.count(std::string(row.pszClass) + " " + strWhere)) << strWhere << bCarriageReturns;
+        for (auto const &[pszClass, pszFile, pszRange, pszText] : rows) {
+            std::string const strWhere = std::string(pszFile) + " " + pszRange;
+            EXPECT_EQ(1u, found.count(std::string(pszClass) + " " + strWhere)) << strWhere << bCarriageReturns;
             stratagem::Range range;
-            std::sscanf(row.pszRange, "%d:%d-%d:%d", &range.line, &range.column, &range.endLine, &range.endColumn);
-            if (*row.pszText) {
-                EXPECT_EQ(row.pszText, TextAt(row.pszFile == std::string("main.per") ? kMain : kLib, range));
+            std::sscanf(pszRange, "%d:%d-%d:%d", &range.line, &range.column, &range.endLine, &range.endColumn);
+            if (*pszText) {
+                EXPECT_EQ(pszText, TextAt(pszFile == std::string("main.per") ? kMain : kLib, range));
             }
         }
         // Every object of a file was read from it; none is left unplaced.

@@ -57,15 +57,12 @@ TEST(CheckFormats, SarifIsOneRunWithOneRulePerCodeAndExclusiveEndColumns)
 TEST(CheckFormats, CleanStrategiesGiveEmptyOutputsOfEachFormat)
 {
     ScriptDir const dir({{"main.per", kDoNothingRule}});
-    struct Case
-    {
-        char const *pszFormat;
-        char const *pszOut;
-    } const cases[] = {{"text", ""}, {"gcc", ""}, {"json", "[]\n"}};
-    for (Case const &c : cases) {
-        RunResult const result = dir.Run({"--check", "-f", c.pszFormat, "main.per"});
-        EXPECT_EQ(result.nStatus, 0) << c.pszFormat;
-        EXPECT_EQ(result.strOut, c.pszOut) << c.pszFormat;
+    // Rows: pszFormat, pszOut.
+    std::pair<char const *, char const *> const cases[] = {{"text", ""}, {"gcc", ""}, {"json", "[]\n"}};
+    for (auto const &[pszFormat, pszOut] : cases) {
+        RunResult const result = dir.Run({"--check", "-f", pszFormat, "main.per"});
+        EXPECT_EQ(result.nStatus, 0) << pszFormat;
+        EXPECT_EQ(result.strOut, pszOut) << pszFormat;
         EXPECT_EQ(result.strErr, "");
     }
     Json const log = Json::parse(dir.Run({"--check", "-f", "sarif", "main.per"}).strOut);

@@ -7,12 +7,8 @@
 TEST(CheckOptions, SettingsMustLieInTheirRangeUnderCheck)
 {
     ScriptDir const dir({{"main.per", kDoNothingRule}});
-    struct Case
-    {
-        Strings args;
-        int nStatus;
-        char const *pszSaid;  // on stderr
-    } const cases[] = {
+    // Rows: args, nStatus, pszSaid (on stderr).
+    std::tuple<Strings, int, char const *> const cases[] = {
         {{"--check", "-s", "nMapSize=5"}, 0, ""},
         {{"--check", "-s", "nMapSize=6"}, 2, "0 to 5"},
         {{"--check", "--set=nCiv=-1"}, 2, "0 to 13"},
@@ -23,21 +19,18 @@ TEST(CheckOptions, SettingsMustLieInTheirRangeUnderCheck)
         {{"-s", "nMapSize=9"}, 0, ""},                                // a listing takes any value, as it always has
         {{"-s", "nWonders=1"}, 2, "bTeamsLocked, nCiv"},
     };
-    for (Case const &c : cases) {
-        RunResult const result = dir.Run(Join(c.args, {"main.per"}));
-        EXPECT_EQ(result.nStatus, c.nStatus) << testing::PrintToString(c.args) << result.strErr;
-        EXPECT_NE(result.strErr.find(c.pszSaid), std::string::npos) << result.strErr;
+    for (auto const &[args, nStatus, pszSaid] : cases) {
+        RunResult const result = dir.Run(Join(args, {"main.per"}));
+        EXPECT_EQ(result.nStatus, nStatus) << testing::PrintToString(args) << result.strErr;
+        EXPECT_NE(result.strErr.find(pszSaid), std::string::npos) << result.strErr;
     }
 }
 
 TEST(CheckOptions, OptionsOfTheOtherModeAndBadValuesAreCommandLineErrors)
 {
     ScriptDir const dir({{"main.per", kDoNothingRule}});
-    struct Case
-    {
-        Strings args;
-        char const *pszSaid;
-    } const cases[] = {
+    // Rows: args, pszSaid.
+    std::pair<Strings, char const *> const cases[] = {
         {{"--check", "--tree", "main.per"}, "'--tree' cannot be used with --check"},
         {{"--check", "--seed", "3", "main.per"}, "'--seed' cannot be used with --check"},
         {{"-nX", "--check", "main.per"}, "'-n' cannot be used with --check"},
@@ -51,11 +44,11 @@ TEST(CheckOptions, OptionsOfTheOtherModeAndBadValuesAreCommandLineErrors)
         {{"--check", "main.per", "-f"}, "needs a value"},
         {{"--check"}, "no FILE given"},
     };
-    for (Case const &c : cases) {
-        RunResult const result = dir.Run(c.args);
-        EXPECT_EQ(result.nStatus, 2) << testing::PrintToString(c.args);
+    for (auto const &[args, pszSaid] : cases) {
+        RunResult const result = dir.Run(args);
+        EXPECT_EQ(result.nStatus, 2) << testing::PrintToString(args);
         EXPECT_EQ(result.strOut, "");
-        EXPECT_NE(result.strErr.find(c.pszSaid), std::string::npos) << result.strErr;
+        EXPECT_NE(result.strErr.find(pszSaid), std::string::npos) << result.strErr;
         EXPECT_NE(result.strErr.find("stratagem --check [-f text|gcc|json|sarif]"), std::string::npos);
     }
     EXPECT_NE(dir.Run({"--help"}).strOut.find("--check"), std::string::npos);

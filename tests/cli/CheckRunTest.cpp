@@ -9,11 +9,8 @@ TEST(CheckRun, ExitStatusSaysWhetherErrorsOrUnderWerrorWarningsWereFound)
     ScriptDir const dir({{"clean.per", kDoNothingRule},
                          {"warns.per", "(defrule (false) => (do-nothing))\n"},
                          {"fails.per", "(defrule (true) => (foo))\n"}});
-    struct Case
-    {
-        Strings args;
-        int nStatus;
-    } const cases[] = {
+    // Rows: args, nStatus.
+    std::pair<Strings, int> const cases[] = {
         {{"clean.per"}, 0},
         {{"--werror", "clean.per"}, 0},
         {{"warns.per"}, 0},
@@ -22,9 +19,9 @@ TEST(CheckRun, ExitStatusSaysWhetherErrorsOrUnderWerrorWarningsWereFound)
         {{"clean.per", "fails.per"}, 1},
         {{"-f", "gcc", "--werror", "warns.per", "clean.per"}, 1},
     };
-    for (Case const &c : cases) {
-        RunResult const result = dir.Run(Join({"--check"}, c.args));
-        EXPECT_EQ(result.nStatus, c.nStatus) << testing::PrintToString(c.args) << result.strOut;
+    for (auto const &[args, nStatus] : cases) {
+        RunResult const result = dir.Run(Join({"--check"}, args));
+        EXPECT_EQ(result.nStatus, nStatus) << testing::PrintToString(args) << result.strOut;
         EXPECT_EQ(result.strErr, "");
     }
     Json const warnings = CheckJson(dir, {"warns.per"}, 0);
@@ -68,12 +65,8 @@ TEST(CheckRun, SeveralFilesGiveOneReportAndSharedFilesAreReportedOnce)
 TEST(CheckRun, ColourOnlyWhenAskedOrOnATerminalAndNeverUnderNoColor)
 {
     ScriptDir const dir({{"main.per", std::string("(defrule (true) => (foo))\n")}});
-    struct Case
-    {
-        char const *pszEnv;
-        Strings args;
-        bool bColor;
-    } const cases[] = {
+    // Rows: pszEnv, args, bColor.
+    std::tuple<char const *, Strings, bool> const cases[] = {
         {"", {}, false},  // auto: the output is a file
         {"", {"--color=always"}, true},
         {"", {"--color", "never"}, false},
@@ -82,10 +75,10 @@ TEST(CheckRun, ColourOnlyWhenAskedOrOnATerminalAndNeverUnderNoColor)
         {"", {"--color=always", "-f", "gcc"}, false},
         {"", {"--color=always", "-f", "json"}, false},
     };
-    for (Case const &c : cases) {
-        RunResult const result = dir.Run(Join(Join({"--check"}, c.args), {"main.per"}), c.pszEnv);
+    for (auto const &[pszEnv, args, bColor] : cases) {
+        RunResult const result = dir.Run(Join(Join({"--check"}, args), {"main.per"}), pszEnv);
         EXPECT_EQ(result.nStatus, 1);
-        EXPECT_EQ(result.strOut.find('\033') != std::string::npos, c.bColor)
-            << c.pszEnv << " " << testing::PrintToString(c.args);
+        EXPECT_EQ(result.strOut.find('\033') != std::string::npos, bColor)
+            << pszEnv << " " << testing::PrintToString(args);
     }
 }

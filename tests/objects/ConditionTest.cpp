@@ -16,25 +16,21 @@ AI_CTestCE *Fact(unsigned int nSID = kTrue, AI_CExprList *pArgs = nullptr) { ret
 // passed through unnormalised shows.
 TEST_F(Condition, OperatorsCombineTheirOperandsAndShortCircuit)
 {
-    struct
-    {
-        AI_COpCE::Op op;
-        char const *pszResults;
-        char const *pszSecond;
-    } const aRows[] = {
+    // Rows: op, pszResults, pszSecond.
+    std::tuple<AI_COpCE::Op, char const *, char const *> const aRows[] = {
         {AI_COpCE::opNot, "1100", "----"},  {AI_COpCE::opAnd, "0001", "--bb"},  {AI_COpCE::opOr, "0111", "bb--"},
         {AI_COpCE::opXor, "0110", "bbbb"},  {AI_COpCE::opNand, "1110", "--bb"}, {AI_COpCE::opNor, "1000", "bb--"},
         {AI_COpCE::opXnor, "1001", "bbbb"},
     };
-    for (auto const &row : aRows) {
+    for (auto const &[expectedOp, pszResults, pszSecond] : aRows) {
         for (int i = 0; i < 4; ++i) {
             int a = i & 2, b = (i & 1) * 2;
-            SCOPED_TRACE(testing::Message() << "op " << row.op << " a " << a << " b " << b);
+            SCOPED_TRACE(testing::Message() << "op " << expectedOp << " a " << a << " b " << b);
             Calls calls;
-            AI_COpCE op(row.op, new ProbeCE(a, &calls, "a"),
-                        row.op == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
-            EXPECT_EQ(row.pszResults[i] - '0', op.IsTrue());
-            EXPECT_EQ((row.pszSecond[i] == 'b' ? Calls {"a", "b"} : Calls {"a"}), calls);
+            AI_COpCE op(expectedOp, new ProbeCE(a, &calls, "a"),
+                        expectedOp == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
+            EXPECT_EQ(pszResults[i] - '0', op.IsTrue());
+            EXPECT_EQ((pszSecond[i] == 'b' ? Calls {"a", "b"} : Calls {"a"}), calls);
         }
     }
 }

@@ -25,17 +25,10 @@ std::string Facts(T const &object)
 
 TEST_F(ObjectBase, EveryClassHasItsRecordAndAFactoryForExactlyThatClass)
 {
-#define ROW(CLASS, BASE)                                                                                               \
-    {                                                                                                                  \
-        RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)                                                              \
-    }
+#define ROW(CLASS, BASE) {RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)}
     // clang-format off
-    struct
-    {
-        CRuntimeClass *pClass;
-        char const *pszName;
-        CRuntimeClass *pBase;
-    } const aCases[] = {
+    // Rows: pClass, pszName, pBase.
+    std::tuple<CRuntimeClass *, char const *, CRuntimeClass *> const aCases[] = {
         ROW(AI_CObject, CObject), ROW(AI_CExpression, AI_CObject), ROW(AI_CExprList, AI_CObject),
         ROW(AI_CCE, AI_CObject), ROW(AI_CTestCE, AI_CCE), ROW(AI_COpCE, AI_CCE), ROW(AI_CCEList, AI_CObject),
         ROW(AI_CAction, AI_CObject), ROW(AI_CActionList, AI_CObject), ROW(AI_CCommand, AI_CObject),
@@ -44,14 +37,14 @@ TEST_F(ObjectBase, EveryClassHasItsRecordAndAFactoryForExactlyThatClass)
         ROW(AI_CLoadRandomCommand, AI_CCommand), ROW(AI_CBlock, AI_CCommand), ROW(AI_CStrategy, AI_CObject)};
     // clang-format on
 #undef ROW
-    for (auto const &c : aCases) {
-        SCOPED_TRACE(c.pszName);
-        EXPECT_STREQ(c.pszName, c.pClass->m_lpszClassName);
-        EXPECT_EQ(0xFFFFu, c.pClass->m_wSchema);
-        EXPECT_EQ(c.pBase, c.pClass->m_pBaseClass);
-        std::unique_ptr<CObject> pObject(c.pClass->CreateObject());
+    for (auto const &[pClass, pszName, pBase] : aCases) {
+        SCOPED_TRACE(pszName);
+        EXPECT_STREQ(pszName, pClass->m_lpszClassName);
+        EXPECT_EQ(0xFFFFu, pClass->m_wSchema);
+        EXPECT_EQ(pBase, pClass->m_pBaseClass);
+        std::unique_ptr<CObject> pObject(pClass->CreateObject());
         ASSERT_NE(nullptr, pObject);
-        EXPECT_EQ(c.pClass, pObject->GetRuntimeClass());
+        EXPECT_EQ(pClass, pObject->GetRuntimeClass());
     }
 }
 

@@ -126,11 +126,8 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
     m_settings.nMapSize = 3;  // not a small map
     m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", m_settings));
     // The plain cases of each directive are host cases (blocks-1, blocks-2).
-    struct Resolution
-    {
-        char const *pszScript;
-        Names loads;
-    } const kResolutions[] = {
+    // Rows: pszScript, loads.
+    std::pair<char const *, Names> const kResolutions[] = {
         {"#load-if-not-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined SMALL-MAP (load \"t1\") (load \"t2\") #else (load \"else\") #end-if", {"t1", "t2"}},
         {"(load \"x\") #load-if-defined DEATH-MATCH (load \"t1\") (load \"t2\") #end-if (load \"y\")",
@@ -144,8 +141,8 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
          "#else (load \"g\") #end-if (load \"last\")",
          {"first", "a", "c", "d", "e", "f", "last"}},
     };
-    for (Resolution const &resolution : kResolutions)
-        EXPECT_EQ(LoadsOf(resolution.pszScript, "main"), resolution.loads) << resolution.pszScript;
+    for (auto const &[pszScript, loads] : kResolutions)
+        EXPECT_EQ(LoadsOf(pszScript, "main"), loads) << pszScript;
 }
 
 TEST_F(ActionsTest, BlocksStayWhenResolutionIsOff)

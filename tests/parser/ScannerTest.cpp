@@ -30,20 +30,17 @@ TEST_F(ScannerTest, RelationalOperatorsAsWordsAndSymbols)
 
 TEST_F(ScannerTest, IntegersAndTheirRange)
 {
-    struct Literal
-    {
-        char const *pszText;
-        int nValue;
-    } const kAccepted[] = {{"0", 0},
-                           {"-0", 0},
-                           {"007", 7},
-                           {"+5", 5},
-                           {"2147483646", 2147483646},
-                           {"-2147483647", -2147483647},
-                           {"-000000000000000012", -12}};
-    for (Literal const &literal : kAccepted) {
-        ParseText(std::string("(defconst c ") + literal.pszText + ")");
-        EXPECT_EQ(AI_Constant(AI_Symbol("c"), 0), literal.nValue) << literal.pszText;
+    // Rows: pszText, nValue.
+    std::pair<char const *, int> const kAccepted[] = {{"0", 0},
+                                                      {"-0", 0},
+                                                      {"007", 7},
+                                                      {"+5", 5},
+                                                      {"2147483646", 2147483646},
+                                                      {"-2147483647", -2147483647},
+                                                      {"-000000000000000012", -12}};
+    for (auto const &[expectedPszText, nValue] : kAccepted) {
+        ParseText(std::string("(defconst c ") + expectedPszText + ")");
+        EXPECT_EQ(AI_Constant(AI_Symbol("c"), 0), nValue) << expectedPszText;
         AI_DeleteConstants();
     }
     // The two extreme values are what an overflow gives, so they are out too.
@@ -75,11 +72,8 @@ TEST_F(ScannerTest, LongSymbolsAndStringsAreCut)
 
 TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
 {
-    struct Invalid
-    {
-        std::string strText;
-        std::string strReported;
-    } const kInvalid[] = {
+    // Rows: strText, strReported.
+    std::pair<std::string, std::string> const kInvalid[] = {
         {"=", "="},       {"!!", "!"},
         {"+", "+"},       {"+a", "+"},
         {".", "."},       {"/", "/"},
@@ -89,30 +83,25 @@ TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
         {"\xE9", "\xE9"}, {std::string(1, '\0'), ""},
         {"%s", "%"},
     };
-    for (Invalid const &invalid : kInvalid)
-        EXPECT_EQ(ErrorOf("(load \"a\")\n" + invalid.strText + "(load \"b\")"),
-                  InvalidCharacter(2, invalid.strReported));
+    for (auto const &[strText, strReported] : kInvalid)
+        EXPECT_EQ(ErrorOf("(load \"a\")\n" + strText + "(load \"b\")"), InvalidCharacter(2, strReported));
 }
 
 TEST_F(ScannerTest, StringEscapes)
 {
-    struct Escape
-    {
-        char const *pszWritten;
-        char const *pszText;
-    } const kEscapes[] = {{"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
-                          {"\\q\\5\\;", "q5;"},
-                          {"\\\\", "\\"},
-                          {"a\\\" b", "a\" b"},
-                          {"a;b#c(d) e", "a;b#c(d) e"},
-                          {"", ""},
-                          {"x\\\ny", "xy"},
-                          {"\xE9t\\\xE9", "\xE9t\xE9"},
-                          {"a\rb", "a\rb"},
-                          {"x\\\r\ny", "xy"}};
-    for (Escape const &escape : kEscapes)
-        EXPECT_EQ(LoadsOf(std::string("(load \"") + escape.pszWritten + "\")", "main"), Names {escape.pszText})
-            << escape.pszWritten;
+    // Rows: pszWritten, pszText.
+    std::pair<char const *, char const *> const kEscapes[] = {{"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
+                                                              {"\\q\\5\\;", "q5;"},
+                                                              {"\\\\", "\\"},
+                                                              {"a\\\" b", "a\" b"},
+                                                              {"a;b#c(d) e", "a;b#c(d) e"},
+                                                              {"", ""},
+                                                              {"x\\\ny", "xy"},
+                                                              {"\xE9t\\\xE9", "\xE9t\xE9"},
+                                                              {"a\rb", "a\rb"},
+                                                              {"x\\\r\ny", "xy"}};
+    for (auto const &[pszWritten, pszText] : kEscapes)
+        EXPECT_EQ(LoadsOf(std::string("(load \"") + pszWritten + "\")", "main"), Names {pszText}) << pszWritten;
 }
 
 TEST_F(ScannerTest, EveryParseStartsInTheInitialState)

@@ -95,20 +95,15 @@ TEST(TypedPtrList, PositionsSurviveGrowthAndReuse)
 // emptied element by element takes new elements as a fresh one does.
 TEST(TypedPtrList, RemovalInAnyOrderThenReuse)
 {
-    struct Row
-    {
-        char const *name;
-        std::vector<int> removed;  // slots, in the order they are removed
-        std::vector<int> left;     // ids after those removals
-    };
-    Row const rows[] = {
+    // Rows: name, removed (slots, in the order they are removed), left (ids after those removals).
+    std::tuple<char const *, std::vector<int>, std::vector<int>> const rows[] = {
         {"head first", {0, 1}, {2, 3, 4}},
         {"tail first", {4, 3}, {0, 1, 2}},
         {"middle, then around it", {2, 1, 3}, {0, 4}},
         {"every one, middle out", {2, 1, 3, 0, 4}, {}},
         {"every one, tail first", {4, 3, 2, 1, 0}, {}},
     };
-    for (Row const &row : rows) {
+    for (auto const &[name, removed, left] : rows) {
         std::deque<Item> items;
         for (int n = 0; n < 5; ++n)
             items.emplace_back(n);
@@ -116,34 +111,34 @@ TEST(TypedPtrList, RemovalInAnyOrderThenReuse)
         std::vector<POSITION> positions;
         for (Item &item : items)
             positions.push_back(list.AddTail(&item));
-        for (int n : row.removed)
+        for (int n : removed)
             list.RemoveAt(positions[n]);
-        EXPECT_EQ(row.left, Ids(list)) << row.name;
-        EXPECT_EQ(static_cast<INT_PTR>(row.left.size()), list.GetCount()) << row.name;
+        EXPECT_EQ(left, Ids(list)) << name;
+        EXPECT_EQ(static_cast<INT_PTR>(left.size()), list.GetCount()) << name;
         copy.AddTail(&list);
-        EXPECT_EQ(row.left, Ids(copy)) << row.name;
+        EXPECT_EQ(left, Ids(copy)) << name;
         for (Item &item : items) {
             POSITION found = list.Find(&item);
-            bool bLeft = std::count(row.left.begin(), row.left.end(), item.m_nId) != 0;
-            EXPECT_EQ(bLeft, found != nullptr) << row.name << " " << item.m_nId;
+            bool bLeft = std::count(left.begin(), left.end(), item.m_nId) != 0;
+            EXPECT_EQ(bLeft, found != nullptr) << name << " " << item.m_nId;
             if (found) {
-                EXPECT_EQ(&item, list.GetNext(found)) << row.name;
+                EXPECT_EQ(&item, list.GetNext(found)) << name;
             }
         }
         std::vector<int> backwards;
         for (POSITION pos = list.GetTailPosition(); pos;)
             backwards.push_back(list.GetPrev(pos)->m_nId);
-        EXPECT_EQ(std::vector<int>(row.left.rbegin(), row.left.rend()), backwards) << row.name;
-        if (!row.left.empty()) {
-            EXPECT_EQ(row.left.front(), list.GetHead()->m_nId) << row.name;
-            EXPECT_EQ(row.left.back(), list.GetTail()->m_nId) << row.name;
+        EXPECT_EQ(std::vector<int>(left.rbegin(), left.rend()), backwards) << name;
+        if (!left.empty()) {
+            EXPECT_EQ(left.front(), list.GetHead()->m_nId) << name;
+            EXPECT_EQ(left.back(), list.GetTail()->m_nId) << name;
             continue;
         }
-        EXPECT_EQ(nullptr, list.GetHeadPosition()) << row.name;
+        EXPECT_EQ(nullptr, list.GetHeadPosition()) << name;
         POSITION first = list.AddTail(&items[3]);
-        EXPECT_EQ(first, list.GetHeadPosition()) << row.name;
-        EXPECT_EQ(first, list.GetTailPosition()) << row.name;
-        EXPECT_EQ((std::vector<int> {3}), Ids(list)) << row.name;
+        EXPECT_EQ(first, list.GetHeadPosition()) << name;
+        EXPECT_EQ(first, list.GetTailPosition()) << name;
+        EXPECT_EQ((std::vector<int> {3}), Ids(list)) << name;
     }
 }
 

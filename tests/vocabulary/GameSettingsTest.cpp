@@ -28,17 +28,14 @@ TEST_F(GameSettings, FieldsSelectTheirSidsAndFlagsAnswerTheirValue)
     settings.nCiv = 13;
     settings.nPopulationCap = -1;
     settings.bTeamsLocked = INT_MIN;
-    struct Row
-    {
-        unsigned int nSID;
-        int nExpected;
-    } const rows[] = {
+    // Rows: nSID, nExpected.
+    std::pair<unsigned int, int> const rows[] = {
         {100, 0}, {101, 7}, {110, 0}, {114, 1},       {115, 0}, {120, 1}, {140, 0},  {155, 1},         {159, 0},
         {180, 0}, {189, 0}, {190, 0}, {200, INT_MIN}, {210, 0}, {223, 1}, {229, 0},  {0, 0},           {99, 0},
         {102, 0}, {109, 0}, {191, 0}, {199, 0},       {201, 0}, {230, 0}, {4001, 0}, {0xFFFFFFFFu, 0},
     };
-    for (Row const &row : rows)
-        EXPECT_EQ(row.nExpected, AI_DefineFor(settings, row.nSID)) << row.nSID;
+    for (auto const &[nSID, nExpected] : rows)
+        EXPECT_EQ(nExpected, AI_DefineFor(settings, nSID)) << nSID;
 }
 
 // AI_Define reads the global record at each call and ignores the registry;
