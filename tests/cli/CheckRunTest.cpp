@@ -10,15 +10,11 @@ TEST(CheckRun, ExitStatusSaysWhetherErrorsOrUnderWerrorWarningsWereFound)
                          {"warns.per", "(defrule (false) => (do-nothing))\n"},
                          {"fails.per", "(defrule (true) => (foo))\n"}});
     // Rows: args, nStatus.
+    // clang-format off
     std::pair<Strings, int> const cases[] = {
-        {{"clean.per"}, 0},
-        {{"--werror", "clean.per"}, 0},
-        {{"warns.per"}, 0},
-        {{"--werror", "warns.per"}, 1},
-        {{"fails.per"}, 1},
-        {{"clean.per", "fails.per"}, 1},
-        {{"-f", "gcc", "--werror", "warns.per", "clean.per"}, 1},
-    };
+        {{"clean.per"}, 0}, {{"--werror", "clean.per"}, 0}, {{"warns.per"}, 0}, {{"--werror", "warns.per"}, 1},
+        {{"fails.per"}, 1}, {{"clean.per", "fails.per"}, 1}, {{"-f", "gcc", "--werror", "warns.per", "clean.per"}, 1}};
+    // clang-format on
     for (auto const &[args, nStatus] : cases) {
         RunResult const result = dir.Run(Join({"--check"}, args));
         EXPECT_EQ(result.nStatus, nStatus) << testing::PrintToString(args) << result.strOut;

@@ -1,5 +1,4 @@
-// What every object family answers: its run-time class, description,
-// validity and children.
+// What every object family answers: its description, validity and children.
 #include <climits>
 
 #include "TestSupport.h"
@@ -22,31 +21,6 @@ std::string Facts(T const &object)
 }
 
 }  // namespace
-
-TEST_F(ObjectBase, EveryClassHasItsRecordAndAFactoryForExactlyThatClass)
-{
-#define ROW(CLASS, BASE) {RUNTIME_CLASS(CLASS), #CLASS, RUNTIME_CLASS(BASE)}
-    // clang-format off
-    // Rows: pClass, pszName, pBase.
-    std::tuple<CRuntimeClass *, char const *, CRuntimeClass *> const aCases[] = {
-        ROW(AI_CObject, CObject), ROW(AI_CExpression, AI_CObject), ROW(AI_CExprList, AI_CObject),
-        ROW(AI_CCE, AI_CObject), ROW(AI_CTestCE, AI_CCE), ROW(AI_COpCE, AI_CCE), ROW(AI_CCEList, AI_CObject),
-        ROW(AI_CAction, AI_CObject), ROW(AI_CActionList, AI_CObject), ROW(AI_CCommand, AI_CObject),
-        ROW(AI_CDefruleCommand, AI_CCommand), ROW(AI_CDefconstCommand, AI_CCommand), ROW(AI_CCommandList, AI_CObject),
-        ROW(AI_CLoadCommand, AI_CCommand), ROW(AI_CLoadOption, AI_CObject), ROW(AI_CLoadOptionList, AI_CObject),
-        ROW(AI_CLoadRandomCommand, AI_CCommand), ROW(AI_CBlock, AI_CCommand), ROW(AI_CStrategy, AI_CObject)};
-    // clang-format on
-#undef ROW
-    for (auto const &[pClass, pszName, pBase] : aCases) {
-        SCOPED_TRACE(pszName);
-        EXPECT_STREQ(pszName, pClass->m_lpszClassName);
-        EXPECT_EQ(0xFFFFu, pClass->m_wSchema);
-        EXPECT_EQ(pBase, pClass->m_pBaseClass);
-        std::unique_ptr<CObject> pObject(pClass->CreateObject());
-        ASSERT_NE(nullptr, pObject);
-        EXPECT_EQ(pClass, pObject->GetRuntimeClass());
-    }
-}
 
 TEST_F(ObjectBase, BareObjectOffsetsByLevelAndHasNothingToListOrEnumerate)
 {

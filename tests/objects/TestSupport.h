@@ -91,8 +91,6 @@ inline std::vector<AI_CObject *> Children(AI_CObject const &object)
     return result;
 }
 
-inline std::string Stars(int n) { return std::string(n, '*'); }
-
 // The defaults of the settings record.
 inline AI_GameSettings DefaultSettings() { return AI_GameSettings {0, 0, 0, 1, 1, 4, 0, 2, 2, 1, 0, 2}; }
 

@@ -29,11 +29,10 @@ std::vector<stratagem::Token> Context::m_tokens;
 TEST_F(Context, FindsThePlaceOfTheCursor)
 {
     // Rows: text, place, function (for arguments), argument, prefix.
+    // clang-format off
     std::tuple<char const *, Place, char const *, int, char const *> const rows[] = {
-        {"(|", Place::Command, "", -1, ""},
-        {"(def|", Place::Command, "", -1, "def"},
-        {"(defrule (|", Place::Condition, "", -1, ""},
-        {"(defrule (food|", Place::Condition, "", -1, "food"},
+        {"(|", Place::Command, "", -1, ""}, {"(def|", Place::Command, "", -1, "def"},
+        {"(defrule (|", Place::Condition, "", -1, ""}, {"(defrule (food|", Place::Condition, "", -1, "food"},
         {"(defrule (true) (not (|", Place::Condition, "", -1, ""},
         {"(defrule (true) (or (true) (|)) => (train villager))", Place::Condition, "", -1, ""},
         {"(defrule (true) => (|", Place::Action, "", -1, ""},
@@ -44,19 +43,15 @@ TEST_F(Context, FindsThePlaceOfTheCursor)
         {"(defrule (food-amount < |", Place::Argument, "food-amount", 1, ""},
         {"(defrule (food-amount < 5|0) => (train villager))", Place::Argument, "food-amount", 1, "5"},
         {"(defrule (true) => (set-goal (x) |", Place::Argument, "set-goal", 1, ""},
-        {"#|", Place::Directive, "", -1, ""},
-        {"#load-if-defined |", Place::Define, "", -1, ""},
-        {"#load-if-not-defined GI|", Place::Define, "", -1, "GI"},
-        {"(load \"|\")", Place::LoadString, "", -1, ""},
+        {"#|", Place::Directive, "", -1, ""}, {"#load-if-defined |", Place::Define, "", -1, ""},
+        {"#load-if-not-defined GI|", Place::Define, "", -1, "GI"}, {"(load \"|\")", Place::LoadString, "", -1, ""},
         {"(load \"sub/ma|in\")", Place::LoadString, "", -1, "sub/ma"},
         {"(load-random 50 \"a|\" \"b\")", Place::LoadString, "", -1, "a"},
-        {"(load \"unterminated|", Place::LoadString, "", -1, "unterminated"},
-        {"|", Place::Nothing, "", -1, ""},
-        {"(defrule (true) => (train villager))|", Place::Nothing, "", -1, ""},
-        {"; (|", Place::Nothing, "", -1, ""},
+        {"(load \"unterminated|", Place::LoadString, "", -1, "unterminated"}, {"|", Place::Nothing, "", -1, ""},
+        {"(defrule (true) => (train villager))|", Place::Nothing, "", -1, ""}, {"; (|", Place::Nothing, "", -1, ""},
         {"(defrule (true) => (unknown-action |", Place::Nothing, "", -1, ""},
-        {"(defconst x \"a|\")", Place::Nothing, "", -1, ""},
-    };
+        {"(defconst x \"a|\")", Place::Nothing, "", -1, ""}};
+    // clang-format on
     for (auto const &[text, place, function, argument, prefix] : rows) {
         CursorContext const context = At(text);
         EXPECT_EQ(place, context.place) << text;

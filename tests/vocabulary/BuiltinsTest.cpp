@@ -67,20 +67,13 @@ TEST_F(Builtins, NamesAreUniqueAndRoundTrip)
 TEST_F(Builtins, SelectedWordsAndSignatures)
 {
     RegisterBuiltins();
-    std::pair<char const *, unsigned int> const words[] = {{"true", 300},
-                                                           {"cc-players-unit-type-count", 473},
-                                                           {"chat-local-to-self", 503},
-                                                           {"do-nothing", 600},
-                                                           {"DEATH-MATCH", 100},
-                                                           {"POPULATION-CAP-200", 187},
-                                                           {"VIKING-CIV", 223},
-                                                           {"kills", 1100},
-                                                           {"my-player-number", 2216},
-                                                           {"not-equal", 2305},
-                                                           {"my-unique-unit-upgrade", 2570},
-                                                           {"sn-allow-diplomacy-change-on-tribut", 2962},
-                                                           {"my-unique-unit-line", 3152},
-                                                           {"this-any-neutral", 3410}};
+    // clang-format off
+    std::pair<char const *, unsigned int> const words[] = {
+        {"true", 300}, {"cc-players-unit-type-count", 473}, {"chat-local-to-self", 503}, {"do-nothing", 600},
+        {"DEATH-MATCH", 100}, {"POPULATION-CAP-200", 187}, {"VIKING-CIV", 223}, {"kills", 1100},
+        {"my-player-number", 2216}, {"not-equal", 2305}, {"my-unique-unit-upgrade", 2570},
+        {"sn-allow-diplomacy-change-on-tribut", 2962}, {"my-unique-unit-line", 3152}, {"this-any-neutral", 3410}};
+    // clang-format on
     for (auto const &word : words) {
         EXPECT_EQ(word.second, AI_Symbol(word.first)) << word.first;
         EXPECT_EQ(word.first, Name(word.second));
