@@ -36,9 +36,9 @@ TEST_F(Loading, RandomLoadWithoutAChoiceStaysUnloadedAndDrawsAgainNextTime)
     AI_CCommandList list;
     AI_CLoadRandomCommand *pRandom = RandomLoad(false);
     list.Add(pRandom);
-    // A seed whose first draw lies above the options' 80 and whose second
-    // draw is 0.
-    unsigned int const nSeed = SeedWhere([] { return PercentOf(crt::rand()) > 80 && crt::rand() == 0; });
+    // A seed whose first draw makes a percentage (the floor of 100 r / 32767)
+    // above the options' 80, and whose second draw is 0.
+    unsigned int const nSeed = SeedWhere([] { return 100 * crt::rand() / 32767 > 80 && crt::rand() == 0; });
     crt::rand(), crt::rand();
     int const nThird = crt::rand();
     crt::srand(nSeed);

@@ -1,12 +1,15 @@
-// Shared pieces of the object-model and strategy tests: a fixture with the
-// built-in vocabulary, text capture, row checks, probes whose answers a test
-// sets and whose calls and destruction it observes, hand-built pieces, and
-// the runtime generator computed on its own.
+// Shared pieces of the object-model, strategy, check and server tests: a
+// fixture with the built-in vocabulary, a scratch directory, probes whose
+// answers a test sets and whose calls and destruction it observes, and
+// hand-built pieces.
 #ifndef STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 #define STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -41,6 +44,28 @@ protected:
         AI_AddParams();
     }
     void TearDown() override { AI_DeleteAll(); }
+};
+
+// A fresh directory, removed with the object; Write answers the file's path.
+class ScratchDir
+{
+public:
+    ScratchDir() : m_path(testing::TempDir() + "stratagem-XXXXXX")
+    {
+        if (!mkdtemp(&m_path[0]))
+            ADD_FAILURE() << "cannot create " << m_path;
+        m_path += '/';
+    }
+    ~ScratchDir() { std::filesystem::remove_all(m_path); }
+    std::string Write(std::string const &strName, std::string const &strText) const
+    {
+        std::ofstream(m_path + strName, std::ios::binary) << strText;
+        return m_path + strName;
+    }
+    std::string const &Path() const { return m_path; }
+
+private:
+    std::string m_path;
 };
 
 // Each row: what the code gave, what it should give.
@@ -214,9 +239,6 @@ struct HandLoadRandom : AI_CLoadRandomCommand
     HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pName) : AI_CLoadRandomCommand(pOptions, pName, nullptr) {}
     void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded) { m_pLoaded = pChosen, m_pCommands = pLoaded; }
 };
-
-// The percentage a random load makes of a draw: the floor of 100 r / 32767.
-inline int PercentOf(int r) { return 100 * r / 32767; }
 
 // The first seed after which the generator's draws pass the test (about one
 // seed in 32768 gives a chosen first draw). The generator is left seeded.
