@@ -6,16 +6,10 @@ namespace {
 
 using ActionsTest = FrontEndTest;
 
-struct CauseCase
-{
-    char const *pszScript;
-    char const *pszMessage;
-};
-
 // Names are checked as soon as they are read; argument lists when the call
 // is closed; blocks at their end-if (the inner one first); random loads at
 // their parenthesis.
-CauseCase const kCauses[] = {
+std::pair<char const *, char const *> const kCauses[] = {
     {"(defrule (do-nothing\n) => (do-nothing))", "main.txt(1): Fact function name expected, found: 'do-nothing'."},
     {"(defrule (true) =>\n(true))", "main.txt(2): Action function name expected, found: 'true'."},
     {"(defrule (true) => (archer))", "main.txt(1): Action function name expected, found: 'archer'."},
@@ -59,8 +53,8 @@ TEST_F(ActionsTest, EveryCauseWithItsParameterAndLine)
 {
     AI_AddParam(497, "fact-range-word");
     AI_AddParam(690, "action-range-word");
-    for (CauseCase const &cause : kCauses)
-        EXPECT_EQ(ErrorOf(cause.pszScript), cause.pszMessage) << cause.pszScript;
+    for (auto const &[pszScript, pszMessage] : kCauses)
+        EXPECT_EQ(ErrorOf(pszScript), pszMessage) << pszScript;
     // Without the built-in params a relational operator names nothing.
     RegisterVocabulary(false);
     EXPECT_EQ(ErrorOf("(defrule (three-ops <) => (do-nothing))"), "main.txt(1): Expression expected, found: ''.");
@@ -90,16 +84,15 @@ TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
 
 TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
 {
-    AI_COpCE::Op const kOps[]
-        = {AI_COpCE::opAnd, AI_COpCE::opOr, AI_COpCE::opXor, AI_COpCE::opNand, AI_COpCE::opNor, AI_COpCE::opXnor};
-    char const *const kWords[] = {"and", "or", "xor", "nand", "nor", "xnor"};
-    for (int i = 0; i < 6; ++i) {
+    char const *const kWords[] = {"not", "and", "or", "xor", "nand", "nor", "xnor"};  // in the order of AI_COpCE::Op
+    for (int i = 1; i < 7; ++i) {
+        SCOPED_TRACE(kWords[i]);
         AI_CCommandList *pCommands = ParseText(std::string("(defconst five 5)\n(defrule (") + kWords[i]
                                                + " (food-amount greater-or-equal five) (not (false)))"
                                                  " => (chat-to-all \"hi\") (do-nothing))");
         auto const *pOp = dynamic_cast<AI_COpCE const *>(FirstCondition(pCommands, 1));
-        ASSERT_NE(pOp, nullptr) << kWords[i];
-        EXPECT_EQ(pOp->GetOp(), kOps[i]) << kWords[i];
+        ASSERT_NE(pOp, nullptr);
+        EXPECT_EQ(pOp->GetOp(), static_cast<AI_COpCE::Op>(i));
         auto const *pNot = static_cast<AI_COpCE const *>(pOp->GetCE2());
         EXPECT_EQ(pNot->GetOp(), AI_COpCE::opNot);
         EXPECT_EQ(pNot->GetCE2(), nullptr);
@@ -122,9 +115,10 @@ TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
 
 TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
 {
-    m_settings.bDeathMatch = 1;
-    m_settings.nMapSize = 3;  // not a small map
-    m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", m_settings));
+    AI_GameSettings settings = AI_gsSettings;
+    settings.bDeathMatch = 1;
+    settings.nMapSize = 3;  // not a small map
+    m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", settings));
     // The plain cases of each directive are host cases (blocks-1, blocks-2).
     // Rows: pszScript, loads.
     std::pair<char const *, Names> const kResolutions[] = {

@@ -17,11 +17,7 @@ std::string const kOpen = "parse error, expecting `'(''";
 std::string const kClose = "parse error, expecting `')''";
 std::string const kAlone = "parse error";
 
-struct Case
-{
-    std::string strScript;
-    std::string strExpected;
-};
+using Case = std::pair<std::string, std::string>;  // the script, the message
 
 // One row per place where an unacceptable token can stand: in commands and
 // blocks, rules, constants and loads; "=>x" is the arrow, then a symbol.
@@ -97,14 +93,14 @@ std::string NestedNots(int nDepth)
 
 TEST_F(GrammarErrorTest, EveryErrorPointNamesItsTokens)
 {
-    for (Case const &point : kErrorPoints)
-        EXPECT_EQ(ErrorOf(point.strScript), SyntaxError(1, point.strExpected)) << point.strScript;
+    for (auto const &[strScript, strExpected] : kErrorPoints)
+        EXPECT_EQ(ErrorOf(strScript), SyntaxError(1, strExpected)) << strScript;
 }
 
 TEST_F(GrammarErrorTest, ErrorsAreReportedOnTheLineOfTheRejectedToken)
 {
-    for (Case const &line : kLines)
-        EXPECT_EQ(ErrorOf(line.strScript), line.strExpected) << line.strScript;
+    for (auto const &[strScript, strExpected] : kLines)
+        EXPECT_EQ(ErrorOf(strScript), strExpected) << strScript;
     // Files are read 8,192 bytes at a time: put CR LF on and near the first
     // two chunk boundaries.
     for (size_t nAt : {8190u, 8191u, 8192u, 16383u, 16384u}) {
