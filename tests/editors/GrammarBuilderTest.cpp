@@ -6,24 +6,15 @@
 #include <set>
 #include <string>
 
+#include "../vocabulary/VocabularyTest.h"
 #include "GrammarBuilder.h"
 #include "stratagem.h"
 
 namespace {
 
-class GrammarBuilder : public ::testing::Test
+class GrammarBuilder : public VocabularyTest
 {
 protected:
-    void TearDown() override { AI_DeleteAll(); }
-
-    static void RegisterBuiltins()
-    {
-        AI_AddFacts();
-        AI_AddActions();
-        AI_AddDefines();
-        AI_AddParams();
-    }
-
     static grammar::WordKind const &Kind(std::string const &key)
     {
         for (grammar::WordKind const &kind : grammar::WordKinds())

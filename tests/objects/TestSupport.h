@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "../vocabulary/VocabularyTest.h"
 #include "objects/AI_Objects.h"
 #include "platform/crt.h"
 #include "strategy/AI_CStrategy.h"
@@ -33,17 +34,10 @@ enum : unsigned int
     kVillager = 3110,   // param
 };
 
-class ObjectsTest : public ::testing::Test
+class ObjectsTest : public VocabularyTest
 {
 protected:
-    void SetUp() override
-    {
-        AI_AddFacts();
-        AI_AddActions();
-        AI_AddDefines();
-        AI_AddParams();
-    }
-    void TearDown() override { AI_DeleteAll(); }
+    void SetUp() override { RegisterBuiltins(); }
 };
 
 // A fresh directory, removed with the object; Write answers the file's path.
