@@ -19,12 +19,6 @@
 
 using Strings = std::vector<std::string>;
 
-inline Strings Join(Strings lines, Strings const &more)
-{
-    lines.insert(lines.end(), more.begin(), more.end());
-    return lines;
-}
-
 inline std::string ReadFile(std::filesystem::path const &path)
 {
     std::ostringstream text;
@@ -51,8 +45,11 @@ public:
             throw std::runtime_error("cannot create a scratch directory");
         m_root = pattern;
         std::filesystem::create_directory(m_root / "work");
-        for (auto const &file : files)
-            Write(file.first, file.second);
+        for (auto const &[strPath, strText] : files) {
+            std::filesystem::path const path = m_root / "work" / strPath;
+            std::filesystem::create_directories(path.parent_path());
+            std::ofstream(path, std::ios::binary) << strText;
+        }
     }
     ~ScriptDir()
     {
@@ -61,13 +58,6 @@ public:
     }
     ScriptDir(ScriptDir const &) = delete;
     ScriptDir &operator=(ScriptDir const &) = delete;
-
-    void Write(std::string const &strPath, std::string const &strText) const
-    {
-        std::filesystem::path const path = m_root / "work" / strPath;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << strText;
-    }
 
     // Through the shell, which sets the working directory, the environment
     // (NO_COLOR removed unless `strEnv` sets it) and the standard streams; no
@@ -91,7 +81,5 @@ public:
 private:
     std::filesystem::path m_root;  // holds work/ and the captured output
 };
-
-inline std::string const kDoNothingRule = "(defrule (true) => (do-nothing))\n";
 
 #endif
