@@ -1,5 +1,7 @@
 // What a check tells an editor: the outline, constants and their uses,
 // loads, tokens, and the vocabulary descriptions behind hovers.
+#include <functional>
+
 #include "CheckTestSupport.h"
 
 namespace {
@@ -20,26 +22,26 @@ TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
               {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
     ASSERT_EQ(0, report.errors);
     ASSERT_EQ(3u, report.files.size());
-    std::vector<stratagem::OutlineItem> const &outline = report.files[0].outline;
-    ASSERT_EQ(3u, outline.size());
-    // Rows: item, kind, pszName, pszDetail, pszRange, pszSelection.
-    std::tuple<stratagem::OutlineItem const &, stratagem::OutlineKind, char const *, char const *, char const *,
-               char const *> const rows[]
-        = {
-            {outline[0], stratagem::OutlineKind::Constant, "size", "5", "1:1-1:17", "1:11-1:14"},
-            {outline[1], stratagem::OutlineKind::Load, "a", "a.per", "2:1-2:10", "2:7-2:9"},
-            {outline[2], stratagem::OutlineKind::Block, "GIANT-MAP", "#load-if-not-defined", "3:1-7:7", "3:22-3:30"},
-            {outline[2].children[0], stratagem::OutlineKind::Rule, "defrule", "", "4:3-4:41", "4:4-4:10"},
-            {outline[2].children[1], stratagem::OutlineKind::LoadRandom, "load-random", "30% a, default b", "6:3-6:26",
-             "6:4-6:14"},
-        };
-    for (auto const &[item, kind, pszName, pszDetail, pszRange, pszSelection] : rows) {
-        EXPECT_EQ(kind, item.kind) << pszName;
-        EXPECT_EQ(pszName, item.name);
-        EXPECT_EQ(pszDetail, item.detail);
-        EXPECT_EQ(pszRange, At(item.range)) << pszName;
-        EXPECT_EQ(pszSelection, At(item.selectionRange)) << pszName;
-    }
+    // Kind, name, detail, range and selection range, depth first.
+    std::vector<std::string> items;
+    std::function<void(std::vector<stratagem::OutlineItem> const &)> add = [&](auto const &outline) {
+        for (stratagem::OutlineItem const &item : outline) {
+            items.push_back(std::to_string(static_cast<int>(item.kind)) + " " + item.name + " [" + item.detail + "] "
+                            + At(item.range) + " " + At(item.selectionRange));
+            add(item.children);
+        }
+    };
+    add(report.files[0].outline);
+    using Kind = stratagem::OutlineKind;
+    auto const kind = [](Kind k) { return std::to_string(static_cast<int>(k)) + " "; };
+    EXPECT_EQ((std::vector<std::string> {
+                  kind(Kind::Constant) + "size [5] 1:1-1:17 1:11-1:14",
+                  kind(Kind::Load) + "a [a.per] 2:1-2:10 2:7-2:9",
+                  kind(Kind::Block) + "GIANT-MAP [#load-if-not-defined] 3:1-7:7 3:22-3:30",
+                  kind(Kind::Rule) + "defrule [] 4:3-4:41 4:4-4:10",
+                  kind(Kind::LoadRandom) + "load-random [30% a, default b] 6:3-6:26 6:4-6:14",
+              }),
+              items);
 }
 
 TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)

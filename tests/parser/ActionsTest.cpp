@@ -138,25 +138,3 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
     for (auto const &[pszScript, loads] : kResolutions)
         EXPECT_EQ(LoadsOf(pszScript, "main"), loads) << pszScript;
 }
-
-TEST_F(ActionsTest, BlocksStayWhenResolutionIsOff)
-{
-    EXPECT_EQ(AI_CParser::IsExpandBlocks(), 1);
-    AI_CParser::EnableExpandBlocks(0);
-    EXPECT_EQ(AI_CParser::IsExpandBlocks(), 0);
-    std::vector<AI_CCommand const *> commands
-        = Commands(ParseText("#load-if-not-defined SMALL-MAP (load \"a\") #load-if-defined REGICIDE (load \"b\") "
-                             "#end-if #else (load \"c\") #end-if"));
-    ASSERT_EQ(commands.size(), 1u);
-    auto const *pBlock = dynamic_cast<AI_CBlock const *>(commands[0]);
-    ASSERT_NE(pBlock, nullptr);
-    EXPECT_EQ(pBlock->GetIf(), 0);
-    EXPECT_EQ(pBlock->GetSID(), 131u);
-    EXPECT_EQ(LoadedNames(pBlock->GetElseCommands()), Names {"c.txt"});
-    std::vector<AI_CCommand const *> then = Commands(pBlock->GetIfCommands());
-    ASSERT_EQ(then.size(), 2u);
-    auto const *pInner = dynamic_cast<AI_CBlock const *>(then[1]);
-    ASSERT_NE(pInner, nullptr);
-    EXPECT_EQ(pInner->GetIf(), 1);
-    EXPECT_EQ(pInner->GetElseCommands(), nullptr);
-}
