@@ -10,21 +10,24 @@ using namespace stratagem::server;
 class Context : public servertest::Vocabulary
 {
 protected:
-    // The context at the `|` of the text (which is removed).
+    // The context at the `|` of the text (which is removed); m_tokens and
+    // m_cursor hold the tokens and the cursor.
     static CursorContext At(std::string text)
     {
         std::size_t const mark = text.find('|');
         text.erase(mark, 1);
-        Cursor cursor;
         std::size_t const lineStart = text.rfind('\n', mark == 0 ? 0 : mark - 1);
-        cursor.line = 1 + static_cast<int>(std::count(text.begin(), text.begin() + mark, '\n'));
-        cursor.column = static_cast<int>(mark - (lineStart == std::string::npos || mark == 0 ? 0 : lineStart + 1)) + 1;
+        m_cursor.line = 1 + static_cast<int>(std::count(text.begin(), text.begin() + mark, '\n'));
+        m_cursor.column
+            = static_cast<int>(mark - (lineStart == std::string::npos || mark == 0 ? 0 : lineStart + 1)) + 1;
         m_tokens = stratagem::Tokenize(text + "\n");  // as the document store does
-        return ContextAt(m_tokens, cursor);
+        return ContextAt(m_tokens, m_cursor);
     }
     static std::vector<stratagem::Token> m_tokens;
+    static Cursor m_cursor;
 };
 std::vector<stratagem::Token> Context::m_tokens;
+Cursor Context::m_cursor;
 
 TEST_F(Context, FindsThePlaceOfTheCursor)
 {
@@ -70,13 +73,10 @@ TEST_F(Context, FindsTheTokenUnderTheCursor)
         = {{"(|train villager)", "train"},    {"(tra|in villager)", "train"}, {"(train| villager)", "train"},
            {"(train |villager)", "villager"}, {"(train  |  villager)", ""},   {"|", ""},
            {"(load |\"x\")", "\"x\""}};
-    for (auto const &[expectedText, expectedToken] : rows) {
-        std::string text = expectedText;
-        std::size_t const mark = text.find('|');
-        text.erase(mark, 1);
-        std::vector<stratagem::Token> const tokens = stratagem::Tokenize(text);
-        stratagem::Token const *token = TokenAt(tokens, Cursor {1, static_cast<int>(mark) + 1});
-        EXPECT_EQ(std::string(expectedToken), token ? token->text : "") << expectedText;
+    for (auto const &[text, expectedToken] : rows) {
+        At(text);
+        stratagem::Token const *token = TokenAt(m_tokens, m_cursor);
+        EXPECT_EQ(std::string(expectedToken), token ? token->text : "") << text;
     }
 }
 

@@ -1,11 +1,8 @@
 // The document store: changes of one didChange applied in order, whole-text
 // changes, reopening, and what the checker reads through it.
-#include <unistd.h>
-
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 
 #include "ServerTestSupport.h"
 #include "server/Documents.h"
@@ -83,29 +80,23 @@ TEST(Documents, ReadsOnlyRegularFilesFromDisk)
 // fall within the same timestamp tick.
 TEST(Documents, ReadsAFileAgainOnceRewritten)
 {
-    namespace fs = std::filesystem;
-    fs::path const path = fs::temp_directory_path() / ("stratagem-documents-" + std::to_string(getpid()) + ".per");
-    auto const write = [&](char const *text) { std::ofstream(path, std::ios::binary) << text; };
+    ScratchDir const dir;
+    std::string const path = dir.Write("a.per", "(a)");
+    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(1));
     DocumentStore const store;
     auto const read = [&] {
         std::string bytes;
         int error = 0;
-        EXPECT_TRUE(store.Read(path.string(), bytes, error));
-        return bytes;
+        return store.Read(path, bytes, error) ? bytes : "error " + std::to_string(error);
     };
-    write("(a)");
-    fs::last_write_time(path, fs::last_write_time(path) - std::chrono::hours(1));
-    EXPECT_EQ("(a)", read());
-    EXPECT_EQ("(a)", read());
-    write("(b)");
-    EXPECT_EQ("(b)", read());
-    write("(c)");
-    EXPECT_EQ("(c)", read());
-    fs::remove(path);
-    std::string bytes;
-    int error = 0;
-    EXPECT_FALSE(store.Read(path.string(), bytes, error));
-    EXPECT_EQ(ENOENT, error);
+    std::vector<std::string> seen = {read(), read()};
+    for (char const *text : {"(b)", "(c)"}) {
+        dir.Write("a.per", text);
+        seen.push_back(read());
+    }
+    std::filesystem::remove(path);
+    seen.push_back(read());
+    EXPECT_EQ((std::vector<std::string> {"(a)", "(a)", "(b)", "(c)", "error " + std::to_string(ENOENT)}), seen);
 }
 
 }  // namespace
