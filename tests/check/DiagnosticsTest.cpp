@@ -66,7 +66,6 @@ TEST_F(Diagnostics, EachCodePointsAtItsTokenAndIsTheAnalysisError)
 
 TEST_F(Diagnostics, MessagesNameTheCauseReadably)
 {
-    // Rows: pszScript, pszMessage.
     std::pair<char const *, char const *> const rows[] = {
         {"(defrule => (do-nothing))", "syntax error: unexpected '=>'; expected '('"},
         {"(defrule (true) => (do-nothing))\n)", "syntax error: unexpected ')'; expected end of file, '(' or '#'"},
@@ -86,7 +85,6 @@ TEST_F(Diagnostics, MessagesNameTheCauseReadably)
 
 TEST_F(Diagnostics, HintsSuggestCloseWordsOfTheRightKind)
 {
-    // Rows: pszScript, pszHint, pszFix.
     std::tuple<char const *, char const *, char const *> const rows[] = {
         {"(defrule (food-amont < 5) => (do-nothing))", "did you mean 'food-amount'?", "food-amount"},
         {"(defrule (true) => (do-nothng))", "did you mean 'do-nothing'?", "do-nothing"},

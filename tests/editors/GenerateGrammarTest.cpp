@@ -18,7 +18,6 @@ int RunGenerator(std::string const &arguments)
 
 TEST(GenerateGrammar, FailsOnABadCommandLineOrAnUnwritableFile)
 {
-    // Rows: arguments, status.
     std::pair<char const *, int> const rows[] = {{"", 2}, {"a.json b.per c", 2}, {"/nonexistent-dir/grammar.json", 1}};
     for (auto const &[arguments, status] : rows)
         EXPECT_EQ(RunGenerator(arguments), status) << arguments;

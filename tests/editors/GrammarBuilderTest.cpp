@@ -76,7 +76,6 @@ TEST_F(GrammarBuilder, WordsTestCoversEveryWordWithItsScope)
     RegisterBuiltins();
     std::string const text = grammar::BuildWordsSyntaxTest();
     EXPECT_EQ(text.rfind("; SYNTAX TEST \"source.stratagem\"", 0), 0u);
-    // Rows: word, scope.
     std::pair<char const *, char const *> const rows[] = {
         {"food-amount", "support.function.fact.stratagem"},     {"train", "support.function.action.stratagem"},
         {"GIANT-MAP", "support.constant.define.stratagem"},     {"archer", "support.constant.parameter.stratagem"},

@@ -16,7 +16,6 @@ AI_CTestCE *Fact(unsigned int nSID = kTrue, AI_CExprList *pArgs = nullptr) { ret
 // passed through unnormalised shows.
 TEST_F(Condition, OperatorsCombineTheirOperandsAndShortCircuit)
 {
-    // Rows: op, pszResults, pszSecond.
     std::tuple<AI_COpCE::Op, char const *, char const *> const aRows[] = {
         {AI_COpCE::opNot, "1100", "----"},  {AI_COpCE::opAnd, "0001", "--bb"},  {AI_COpCE::opOr, "0111", "bb--"},
         {AI_COpCE::opXor, "0110", "bbbb"},  {AI_COpCE::opNand, "1110", "--bb"}, {AI_COpCE::opNor, "1000", "bb--"},

@@ -120,7 +120,6 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
     settings.nMapSize = 3;  // not a small map
     m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", settings));
     // The plain cases of each directive are host cases (blocks-1, blocks-2).
-    // Rows: pszScript, loads.
     std::pair<char const *, Names> const kResolutions[] = {
         {"#load-if-not-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined SMALL-MAP (load \"t1\") (load \"t2\") #else (load \"else\") #end-if", {"t1", "t2"}},

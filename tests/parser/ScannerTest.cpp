@@ -25,7 +25,6 @@ TEST_F(ScannerTest, RelationalOperatorsAsWordsAndSymbols)
 
 TEST_F(ScannerTest, IntegersAndTheirRange)
 {
-    // Rows: pszText, nValue.
     // clang-format off
     std::pair<char const *, int> const kAccepted[] = {
         {"0", 0}, {"-0", 0}, {"007", 7}, {"+5", 5}, {"2147483646", 2147483646}, {"-2147483647", -2147483647},
@@ -65,7 +64,6 @@ TEST_F(ScannerTest, LongSymbolsAndStringsAreCut)
 
 TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
 {
-    // Rows: strText, strReported.
     std::pair<std::string, std::string> const kInvalid[] = {
         {"=", "="},       {"!!", "!"},
         {"+", "+"},       {"+a", "+"},
@@ -82,7 +80,6 @@ TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
 
 TEST_F(ScannerTest, StringEscapes)
 {
-    // Rows: pszWritten, pszText.
     // clang-format off
     std::pair<char const *, char const *> const kEscapes[] = {
         {"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"}, {"\\q\\5\\;", "q5;"}, {"\\\\", "\\"}, {"a\\\" b", "a\" b"},

@@ -12,7 +12,6 @@ namespace {
 // after seeds at the ends of the range.
 TEST(Rand, FollowsTheOriginalSequencesFromStateOneAndAfterEverySeed)
 {
-    // Rows: bSeed, nSeed, draws.
     std::tuple<bool, unsigned int, std::vector<int>> const rows[] = {
         {false, 0, {41, 18467, 6334, 26500, 19169, 15724, 11478, 29358, 26962, 24464}},
         {true, 1, {41, 18467, 6334, 26500, 19169}},

@@ -18,7 +18,6 @@ ContentChange Edit(int line, int from, int toLine, int to, std::string text)
 
 TEST(Documents, AppliesChangesInOrder)
 {
-    // Rows: name, before, changes, after.
     std::tuple<char const *, std::string, std::vector<ContentChange>, std::string> const rows[] = {
         {"typing a word", "(defrule\n    (tr", {Edit(1, 7, 1, 7, "a"), Edit(1, 8, 1, 8, "in")}, "(defrule\n    (train"},
         {"each change sees the one before", "abc", {Edit(0, 0, 0, 1, "xy"), Edit(0, 2, 0, 3, "Z")}, "xyZc"},
@@ -61,7 +60,6 @@ TEST(Documents, TracksOpenDocumentsByPath)
 // Closed files come from the disk, but never a directory or a device.
 TEST(Documents, ReadsOnlyRegularFilesFromDisk)
 {
-    // Rows: name, read, error.
     std::tuple<std::string, bool, int> const rows[] = {{servertest::DataPath("strategy/rules.per"), true, 0},
                                                        {servertest::DataPath("strategy"), false, EISDIR},
                                                        {"/dev/null", false, EINVAL},

@@ -27,7 +27,6 @@ TEST(Text, ConvertsBetweenUnitsAndBytes)
         EXPECT_EQ(expectedOffset, text.Offset(expectedPosition))
             << expectedPosition.line << ":" << expectedPosition.character;
     }
-    // Rows: offset, position.
     std::pair<std::size_t, Position> const backs[]
         = {{0, {0, 0}}, {5, {1, 1}}, {7, {1, 2}}, {14, {1, 5}}, {15, {1, 6}}, {17, {2, 0}}, {99, {2, 4}}};
     for (auto const &[offset, expectedPosition] : backs) {
@@ -39,7 +38,6 @@ TEST(Text, ConvertsBetweenUnitsAndBytes)
 
 TEST(Text, CountsLinesOfEveryTerminator)
 {
-    // Rows: content, lines, lastLine.
     std::tuple<std::string, int, std::string> const rows[]
         = {{"", 1, ""},       {"a", 1, "a"},  {"a\n", 2, ""},         {"a\r\nb", 2, "b"},    {"a\rb\rc", 3, "c"},
            {"\n\n\n", 4, ""}, {"a\r", 2, ""}, {"x\r\n\r\ny", 3, "y"}, {"a\nbb\n\nc", 4, "c"}};
@@ -52,7 +50,6 @@ TEST(Text, CountsLinesOfEveryTerminator)
 
 TEST(Text, AppliesRangeEdits)
 {
-    // Rows: name, before, range, replacement, after.
     std::tuple<char const *, std::string, TextRange, std::string, std::string> const rows[] = {
         {"insert", "(a b)", {{0, 3}, {0, 3}}, "x ", "(a x b)"},
         {"delete across lines", "one\ntwo\nthree", {{0, 2}, {2, 1}}, "", "onhree"},

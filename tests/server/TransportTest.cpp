@@ -38,7 +38,6 @@ std::vector<std::string> ReadAll(std::string const &input, ReadLimits limits = {
 
 TEST(Transport, ReadsFramedMessagesAndRecoversFromMalformedHeaders)
 {
-    // Rows: name, input, expected.
     std::tuple<char const *, std::string, std::vector<std::string>> const rows[] = {
         {"one", Frame("{}"), {"msg:{}"}},
         {"two back to back", Frame("[1]") + Frame("{\"a\":2}"), {"msg:[1]", "msg:{\"a\":2}"}},

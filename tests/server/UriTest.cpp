@@ -9,7 +9,6 @@ namespace {
 
 TEST(Uri, ConvertsFileUris)
 {
-    // Rows: uri, path.
     std::pair<std::string, std::string> const rows[] = {
         {"file:///home/a/main.per", "/home/a/main.per"},
         {"file:///home/a%20b/m%C3%A9.per", "/home/a b/m\xC3\xA9.per"},
@@ -35,7 +34,6 @@ TEST(Uri, RoundTripsPaths)
 
 TEST(Uri, NormalisesPaths)
 {
-    // Rows: path, base, normal.
     std::tuple<std::string, std::string, std::string> const rows[] = {
         {"/a/./b//c.per", "", "/a/b/c.per"},       {"/a/b/../c.per", "", "/a/c.per"},        {"/../x", "", "/x"},
         {"sub/x.per", "/root", "/root/sub/x.per"}, {"../x.per", "/root/dir", "/root/x.per"}, {"/", "", "/"},

@@ -19,7 +19,6 @@ TEST_F(GameSettings, FieldsSelectTheirSidsAndFlagsAnswerTheirValue)
     settings.nCiv = 13;
     settings.nPopulationCap = -1;
     settings.bTeamsLocked = INT_MIN;
-    // Rows: nSID, nExpected.
     std::pair<unsigned int, int> const rows[] = {
         {100, 0}, {101, 7}, {110, 0}, {114, 1},       {115, 0}, {120, 1}, {140, 0},  {155, 1},         {159, 0},
         {180, 0}, {189, 0}, {190, 0}, {200, INT_MIN}, {210, 0}, {223, 1}, {229, 0},  {0, 0},           {99, 0},

@@ -12,7 +12,6 @@ using ParamType = VocabularyTest;
 TEST_F(ParamType, SymbolsAcceptedOnlyInsideTheCodesRangesOnceRegistered)
 {
     // clang-format off
-    // Rows: nCode, nSID, bAccepted.
     std::tuple<int, unsigned int, int> const rows[] = {
         {AI_PT_REL_OP, 2300, 1}, {AI_PT_REL_OP, 2399, 1}, {AI_PT_REL_OP, 2400, 0}, {AI_PT_REL_OP, 2299, 0},
         {AI_PT_PLAYER, 2200, 1}, {AI_PT_PLAYER, 3499, 1}, {AI_PT_PLAYER, 3399, 0}, {AI_PT_BUILDING, 1300, 1},
