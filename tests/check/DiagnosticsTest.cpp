@@ -1,6 +1,7 @@
 // Every error code of check mode: where it points, the line the plain
 // analysis reports, and that the first error of a file is the one that
-// analysis stops at.
+// analysis stops at; messages and hints. (Files that cannot be opened, a
+// directory and the end-of-file byte on disk are host cases.)
 #include "CheckTestSupport.h"
 #include "parser/AI_CException.h"
 
@@ -122,41 +123,6 @@ TEST_F(Diagnostics, ArgumentHintsGiveTheSignatureAndAcceptedValues)
     ASSERT_FALSE(type.diagnostics[0].hints.empty());
     EXPECT_EQ(0u, type.diagnostics[0].hints[0].find("argument 1 of (build building) is a building: one of: "))
         << type.diagnostics[0].hints[0];
-}
-
-TEST_F(Diagnostics, UnopenableFileIsReportedAtItsNameWithTheChain)
-{
-    stratagem::CheckReport report
-        = Run("(load \"a\")\n", {{"a.per", "(defrule (true) => (do-nothing))\n  (load \"gone\")"}});
-    ASSERT_EQ(1u, report.diagnostics.size());
-    stratagem::Diagnostic const &d = report.diagnostics[0];
-    EXPECT_EQ("a.per:2:9-2:14 E100", Where(d));
-    EXPECT_EQ("cannot open file 'gone.per': No such file or directory", d.message);
-    ASSERT_EQ(1u, d.loadedFrom.size());
-    EXPECT_EQ("main.per:1:1",
-              d.loadedFrom[0].file + ":" + std::to_string(d.loadedFrom[0].line) + ":"
-                  + std::to_string(d.loadedFrom[0].column));
-    EXPECT_EQ(1, report.errors);
-}
-
-TEST_F(Diagnostics, ADirectoryIsNoScript)
-{
-    stratagem::CheckOptions options;
-    stratagem::CheckReport report = stratagem::Check(testing::TempDir(), options);
-    ASSERT_EQ(1u, report.diagnostics.size());
-    EXPECT_EQ("E100", report.diagnostics[0].code);
-    EXPECT_NE(std::string::npos, report.diagnostics[0].message.find("Is a directory")) << report.diagnostics[0].message;
-}
-
-TEST_F(Diagnostics, TheDiskIsReadInTextMode)
-{
-    ScratchDir const dir;
-    std::string const strMain = dir.Write("main.per", "(defrule (true)\r\n=> (do-nothing))\r\n(tru)\x1A garbage $$$");
-    stratagem::CheckOptions options;
-    options.settings = DefaultSettings();
-    stratagem::CheckReport report = stratagem::Check(strMain, options);
-    ASSERT_EQ(1u, report.diagnostics.size());
-    EXPECT_EQ(strMain + ":3:2-3:4 E001", Where(report.diagnostics[0]));
 }
 
 }  // namespace
