@@ -42,14 +42,9 @@ TEST_F(Condition, FactTestsNeverHoldAndAListStopsAtTheFirstFailure)
 
     EXPECT_EQ(1, AI_CCEList().IsTrue());
     Calls calls;
-    AI_CCEList probes;
-    probes.Add(new ProbeCE(2, &calls, "a"));
-    probes.Add(new ProbeCE(0, &calls, "b"));
-    probes.Add(new ProbeCE(2, &calls, "c"));
-    EXPECT_EQ(0, probes.IsTrue());
+    auto const list = [](std::initializer_list<AI_CCE *> ces) { return Own(ListOf<AI_CCEList>(ces)); };
+    EXPECT_EQ(0,
+              list({new ProbeCE(2, &calls, "a"), new ProbeCE(0, &calls, "b"), new ProbeCE(2, &calls, "c")})->IsTrue());
     EXPECT_EQ((Calls {"a", "b"}), calls);
-    AI_CCEList allHold;
-    allHold.Add(new ProbeCE(2, &calls, "d"));
-    allHold.Add(new ProbeCE(1, &calls, "e"));
-    EXPECT_EQ(1, allHold.IsTrue());
+    EXPECT_EQ(1, list({new ProbeCE(2, &calls, "d"), new ProbeCE(1, &calls, "e")})->IsTrue());
 }
