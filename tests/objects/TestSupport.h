@@ -1,6 +1,6 @@
-// Shared pieces of the object-model, strategy, check and server tests: a
-// fixture with the built-in vocabulary, a scratch directory, probes whose
-// answers a test sets and whose calls and destruction it observes, and
+// Shared pieces of the object-model, strategy, check, parser and server
+// tests: a fixture with the built-in vocabulary, a scratch directory, probes
+// whose answers a test sets and whose calls and destruction it observes, and
 // hand-built pieces.
 #ifndef STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 #define STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
@@ -18,7 +18,6 @@
 
 #include "../vocabulary/VocabularyTest.h"
 #include "objects/AI_Objects.h"
-#include "platform/crt.h"
 #include "strategy/AI_CStrategy.h"
 #include "vocabulary/AI_Vocabulary.h"
 
@@ -233,25 +232,5 @@ struct HandLoadRandom : AI_CLoadRandomCommand
     HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pName) : AI_CLoadRandomCommand(pOptions, pName, nullptr) {}
     void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded) { m_pLoaded = pChosen, m_pCommands = pLoaded; }
 };
-
-// The first seed after which the generator's draws pass the test (about one
-// seed in 32768 gives a chosen first draw). The generator is left seeded.
-template <class TEST>
-unsigned int SeedWhere(TEST const &passes)
-{
-    for (unsigned int nSeed = 0;; ++nSeed) {
-        crt::srand(nSeed);
-        if (passes()) {
-            crt::srand(nSeed);
-            return nSeed;
-        }
-    }
-}
-
-// A seed whose first draw is r.
-inline unsigned int SeedFor(int r)
-{
-    return SeedWhere([r] { return crt::rand() == r; });
-}
 
 #endif

@@ -66,10 +66,8 @@ TEST_F(Features, ConvertsDiagnostics)
     Json const &d = diagnostics[0];
     std::size_t const byteColumn = text.find("trian");
     EXPECT_EQ(Range(0, static_cast<int>(byteColumn) - 3, static_cast<int>(byteColumn) + 2), d["range"]);
-    EXPECT_EQ(1, d["severity"]);
-    EXPECT_EQ("stratagem", d["source"]);
+    EXPECT_EQ("stratagem", d["source"]);  // the severity and the hint in the message are the editor test's
     EXPECT_EQ('E', d["code"].get<std::string>()[0]);
-    EXPECT_NE(std::string::npos, d["message"].get<std::string>().find("train")) << "the hint is in the message";
 }
 
 TEST_F(Features, ClearsAFileThatLeavesTheStrategy)
