@@ -80,8 +80,8 @@ TEST_F(GrammarBuilder, WordsTestCoversEveryWordWithItsScope)
         {"food-amount", "support.function.fact.stratagem"},     {"train", "support.function.action.stratagem"},
         {"GIANT-MAP", "support.constant.define.stratagem"},     {"archer", "support.constant.parameter.stratagem"},
         {"less-than", "keyword.operator.relational.stratagem"}, {"not-equal", "keyword.operator.relational.stratagem"}};
-    for (auto const &[expectedWord, scope] : rows) {
-        std::string const word = expectedWord;
+    for (auto const &[pszWord, scope] : rows) {
+        std::string const word = pszWord;
         std::string const expected = "\n(" + word + ")\n;" + std::string(word.size(), '^') + " " + scope + "\n";
         EXPECT_NE(text.find(expected), std::string::npos) << word;
     }

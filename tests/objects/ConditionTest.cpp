@@ -21,13 +21,13 @@ TEST_F(Condition, OperatorsCombineTheirOperandsAndShortCircuit)
         {AI_COpCE::opXor, "0110", "bbbb"},  {AI_COpCE::opNand, "1110", "--bb"}, {AI_COpCE::opNor, "1000", "bb--"},
         {AI_COpCE::opXnor, "1001", "bbbb"},
     };
-    for (auto const &[expectedOp, pszResults, pszSecond] : aRows) {
+    for (auto const &[eOp, pszResults, pszSecond] : aRows) {
         for (int i = 0; i < 4; ++i) {
             int a = i & 2, b = (i & 1) * 2;
-            SCOPED_TRACE(testing::Message() << "op " << expectedOp << " a " << a << " b " << b);
+            SCOPED_TRACE(testing::Message() << "op " << eOp << " a " << a << " b " << b);
             Calls calls;
-            AI_COpCE op(expectedOp, new ProbeCE(a, &calls, "a"),
-                        expectedOp == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
+            AI_COpCE op(eOp, new ProbeCE(a, &calls, "a"),
+                        eOp == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
             EXPECT_EQ(pszResults[i] - '0', op.IsTrue());
             EXPECT_EQ((pszSecond[i] == 'b' ? Calls {"a", "b"} : Calls {"a"}), calls);
         }

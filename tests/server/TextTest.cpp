@@ -23,10 +23,8 @@ TEST(Text, ConvertsBetweenUnitsAndBytes)
         {{1, 5}, 14}, {{1, 6}, 15}, {{1, 7}, 15},                              // CR LF is not part of the line
         {{2, 0}, 17}, {{2, 4}, 21}, {{9, 0}, 21},                              // past the last line: the end
     };
-    for (auto const &[expectedPosition, expectedOffset] : rows) {
-        EXPECT_EQ(expectedOffset, text.Offset(expectedPosition))
-            << expectedPosition.line << ":" << expectedPosition.character;
-    }
+    for (auto const &[position, offset] : rows)
+        EXPECT_EQ(offset, text.Offset(position)) << position.line << ":" << position.character;
     std::pair<std::size_t, Position> const backs[]
         = {{0, {0, 0}}, {5, {1, 1}}, {7, {1, 2}}, {14, {1, 5}}, {15, {1, 6}}, {17, {2, 0}}, {99, {2, 4}}};
     for (auto const &[offset, expectedPosition] : backs) {
