@@ -77,12 +77,4 @@ inline std::vector<std::string> Where(stratagem::CheckReport const &report)
     return all;
 }
 
-inline std::vector<std::string> Codes(stratagem::CheckReport const &report)
-{
-    std::vector<std::string> codes;
-    for (stratagem::Diagnostic const &d : report.diagnostics)
-        codes.push_back(d.code);
-    return codes;
-}
-
 #endif

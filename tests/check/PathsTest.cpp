@@ -105,14 +105,6 @@ TEST_F(Paths, EveryFileIsReadOnceEvenInACycle)
     EXPECT_EQ(1, report.errors);
 }
 
-TEST_F(Paths, ExtraFilesAreReadBeforeTheMainFile)
-{
-    stratagem::CheckReport report
-        = Run("(defrule (goal g 1) => (do-nothing))", {{"x.per", "(defconst g 2)"}}, {"x.per"});
-    EXPECT_EQ(0, report.errors);
-    EXPECT_EQ((std::vector<std::string> {"x.per", "main.per"}), m_sources.reads);
-}
-
 TEST_F(Paths, ConsecutiveChecksAreIndependent)
 {
     stratagem::CheckReport first = Run("(defconst seen 1)\n(defrule (goal seen 1) => (do-nothing))");

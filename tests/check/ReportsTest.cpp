@@ -1,5 +1,7 @@
 // What a check tells an editor: the outline, constants and their uses,
 // loads, tokens, and the vocabulary descriptions behind hovers.
+#include <functional>
+
 #include "CheckTestSupport.h"
 
 namespace {
@@ -20,31 +22,26 @@ TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
               {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
     ASSERT_EQ(0, report.errors);
     ASSERT_EQ(3u, report.files.size());
-    std::vector<stratagem::OutlineItem> const &outline = report.files[0].outline;
-    ASSERT_EQ(3u, outline.size());
-    struct Row
-    {
-        stratagem::OutlineItem const &item;
-        stratagem::OutlineKind kind;
-        char const *pszName;
-        char const *pszDetail;
-        char const *pszRange;
-        char const *pszSelection;
-    } const rows[] = {
-        {outline[0], stratagem::OutlineKind::Constant, "size", "5", "1:1-1:17", "1:11-1:14"},
-        {outline[1], stratagem::OutlineKind::Load, "a", "a.per", "2:1-2:10", "2:7-2:9"},
-        {outline[2], stratagem::OutlineKind::Block, "GIANT-MAP", "#load-if-not-defined", "3:1-7:7", "3:22-3:30"},
-        {outline[2].children[0], stratagem::OutlineKind::Rule, "defrule", "", "4:3-4:41", "4:4-4:10"},
-        {outline[2].children[1], stratagem::OutlineKind::LoadRandom, "load-random", "30% a, default b", "6:3-6:26",
-         "6:4-6:14"},
+    // Kind, name, detail, range and selection range, depth first.
+    std::vector<std::string> items;
+    std::function<void(std::vector<stratagem::OutlineItem> const &)> add = [&](auto const &outline) {
+        for (stratagem::OutlineItem const &item : outline) {
+            items.push_back(std::to_string(static_cast<int>(item.kind)) + " " + item.name + " [" + item.detail + "] "
+                            + At(item.range) + " " + At(item.selectionRange));
+            add(item.children);
+        }
     };
-    for (Row const &row : rows) {
-        EXPECT_EQ(row.kind, row.item.kind) << row.pszName;
-        EXPECT_EQ(row.pszName, row.item.name);
-        EXPECT_EQ(row.pszDetail, row.item.detail);
-        EXPECT_EQ(row.pszRange, At(row.item.range)) << row.pszName;
-        EXPECT_EQ(row.pszSelection, At(row.item.selectionRange)) << row.pszName;
-    }
+    add(report.files[0].outline);
+    using Kind = stratagem::OutlineKind;
+    auto const kind = [](Kind k) { return std::to_string(static_cast<int>(k)) + " "; };
+    EXPECT_EQ((std::vector<std::string> {
+                  kind(Kind::Constant) + "size [5] 1:1-1:17 1:11-1:14",
+                  kind(Kind::Load) + "a [a.per] 2:1-2:10 2:7-2:9",
+                  kind(Kind::Block) + "GIANT-MAP [#load-if-not-defined] 3:1-7:7 3:22-3:30",
+                  kind(Kind::Rule) + "defrule [] 4:3-4:41 4:4-4:10",
+                  kind(Kind::LoadRandom) + "load-random [30% a, default b] 6:3-6:26 6:4-6:14",
+              }),
+              items);
 }
 
 TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
@@ -53,19 +50,17 @@ TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
         = Run("(defconst g 3)\n(defconst h g)\n(defrule (goal g h) => (do-nothing))\n(load \"lib/a\")",
               {{"lib/a.per", "(defrule (true) => (do-nothing))"}});
     stratagem::FileReport const &main = report.files[0];
-    ASSERT_EQ(2u, main.constants.size());
-    EXPECT_EQ("h", main.constants[1].name);
-    EXPECT_EQ(3, main.constants[1].value);
-    EXPECT_EQ("2:11-2:11", At(main.constants[1].nameRange));
-    EXPECT_EQ("2:1-2:14", At(main.constants[1].commandRange));
-    std::vector<std::string> uses;
+    std::vector<std::string> found;
+    for (stratagem::ConstantDefinition const &constant : main.constants)
+        found.push_back(constant.name + "=" + std::to_string(constant.value) + " " + At(constant.nameRange) + " "
+                        + At(constant.commandRange));
     for (stratagem::NamedRange const &use : main.constantUses)
-        uses.push_back(use.name + "@" + At(use.range));
-    EXPECT_EQ((std::vector<std::string> {"g@2:13-2:13", "g@3:16-3:16", "h@3:18-3:18"}), uses);
-    ASSERT_EQ(1u, main.loads.size());
-    EXPECT_EQ("lib/a", main.loads[0].writtenName);
-    EXPECT_EQ("lib/a.per", main.loads[0].target);
-    EXPECT_EQ("4:7-4:13", At(main.loads[0].stringRange));
+        found.push_back(use.name + "@" + At(use.range));
+    for (stratagem::LoadReference const &load : main.loads)
+        found.push_back(load.writtenName + " -> " + load.target + " " + At(load.stringRange));
+    EXPECT_EQ((std::vector<std::string> {"g=3 1:11-1:11 1:1-1:14", "h=3 2:11-2:11 2:1-2:14", "g@2:13-2:13",
+                                         "g@3:16-3:16", "h@3:18-3:18", "lib/a -> lib/a.per 4:7-4:13"}),
+              found);
     ASSERT_EQ(2u, report.files.size());
     ASSERT_EQ(1u, report.files[1].loadedFrom.size());
     EXPECT_EQ(4, report.files[1].loadedFrom[0].line);
@@ -73,11 +68,8 @@ TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
 
 TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
 {
-    struct Row
-    {
-        char const *pszText;
-        std::vector<std::string> tokens;  // code@range "text"
-    } const rows[] = {
+    // Rows: pszText, tokens (code@range "text").
+    std::pair<char const *, std::vector<std::string>> const rows[] = {
         {"(defrule (x < -5)",
          {"40@1:1-1:1 (", "258@1:2-1:8 defrule", "40@1:10-1:10 (", "280@1:11-1:11 x", "269@1:13-1:13 <",
           "282@1:15-1:16 -5", "41@1:17-1:17 )"}},
@@ -86,11 +78,11 @@ TEST_F(Reports, TokenizeGivesEveryTokenAndNeverThrows)
         {"\"cut\n(", {"281@1:1-1:4 \"cut", "40@2:1-2:1 ("}},
         {"99999999999999 x\x1Ay", {"282@1:1-1:14 99999999999999", "280@1:16-1:16 x"}},
     };
-    for (Row const &row : rows) {
+    for (auto const &[pszText, expectedTokens] : rows) {
         std::vector<std::string> tokens;
-        for (stratagem::Token const &token : stratagem::Tokenize(row.pszText))
+        for (stratagem::Token const &token : stratagem::Tokenize(pszText))
             tokens.push_back(std::to_string(token.code) + "@" + At(token.range) + " " + token.text);
-        EXPECT_EQ(row.tokens, tokens) << row.pszText;
+        EXPECT_EQ(expectedTokens, tokens) << pszText;
     }
 }
 

@@ -1,9 +1,5 @@
 // Where the objects of a parsed strategy lie: every kind of object, in the
 // main file and in a loaded file, LF and CR LF alike.
-#include <stdlib.h>
-
-#include <filesystem>
-#include <fstream>
 #include <set>
 
 #include "CheckTestSupport.h"
@@ -45,15 +41,11 @@ protected:
     void SetUp() override
     {
         CheckTest::SetUp();
-        std::string strTemplate = ::testing::TempDir() + "ranges-XXXXXX";
-        ASSERT_NE(mkdtemp(&strTemplate[0]), nullptr);
-        m_directory = strTemplate + "/";
         AI_CParser::EnableExpandBlocks(0);  // keeps the block as an object
     }
     void TearDown() override
     {
         AI_CParser::EnableExpandBlocks(1);
-        std::filesystem::remove_all(m_directory);
         CheckTest::TearDown();
     }
 
@@ -71,26 +63,20 @@ protected:
             stratagem::SourceLocation location = index.RangeOf(pObject);
             found.insert(std::string(pObject->GetRuntimeClass()->m_lpszClassName) + " "
                          + std::filesystem::path(location.file).filename().string() + " " + At(location.range));
-            CTypedPtrList<CObList, AI_CObject *> children;
-            pObject->GetObjects(children);
-            for (POSITION position = children.GetHeadPosition(); position;)
-                pending.push_back(children.GetNext(position));
+            for (AI_CObject *pChild : Children(*pObject))
+                pending.push_back(pChild);
         }
         return found;
     }
 
-    std::string m_directory;
+    ScratchDir const m_dir;
+    std::string const m_directory = m_dir.Path();
 };
 
 TEST_F(SourceIndexTest, EveryKindOfObjectHasItsFileAndRange)
 {
-    struct Row
-    {
-        char const *pszClass;
-        char const *pszFile;
-        char const *pszRange;
-        char const *pszText;
-    } const rows[] = {
+    // Rows: the class, the file, the range, the text it covers ("" for not checked).
+    std::tuple<char const *, char const *, char const *, char const *> const rows[] = {
         {"AI_CDefconstCommand", "main.per", "1:1-1:17", "(defconst size 5)"},
         {"AI_CLoadCommand", "main.per", "2:1-2:12", "(load \"lib\")"},
         {"AI_CLoadOption", "main.per", "3:14-3:19", "30 \"a\""},
@@ -106,8 +92,7 @@ TEST_F(SourceIndexTest, EveryKindOfObjectHasItsFileAndRange)
     };
     for (bool bCarriageReturns : {false, true}) {
         auto write = [&](char const *pszName, std::string const &text) {
-            std::ofstream(m_directory + pszName, std::ios::binary)
-                << (bCarriageReturns ? ReplaceLineFeeds(text) : text);
+            m_dir.Write(pszName, bCarriageReturns ? ReplaceLineFeeds(text) : text);
         };
         write("main.per", kMain);
         write("lib.per", kLib);
@@ -117,13 +102,13 @@ TEST_F(SourceIndexTest, EveryKindOfObjectHasItsFileAndRange)
         strategy.Analyze();
         stratagem::SourceIndex const index(strategy);
         std::set<std::string> const found = Locate(strategy, index);
-        for (Row const &row : rows) {
-            std::string const strWhere = std::string(row.pszFile) + " " + row.pszRange;
-            EXPECT_EQ(1u, found.count(std::string(row.pszClass) + " " + strWhere)) << strWhere << bCarriageReturns;
+        for (auto const &[pszClass, pszFile, pszRange, pszText] : rows) {
+            std::string const strWhere = std::string(pszFile) + " " + pszRange;
+            EXPECT_EQ(1u, found.count(std::string(pszClass) + " " + strWhere)) << strWhere << bCarriageReturns;
             stratagem::Range range;
-            std::sscanf(row.pszRange, "%d:%d-%d:%d", &range.line, &range.column, &range.endLine, &range.endColumn);
-            if (*row.pszText) {
-                EXPECT_EQ(row.pszText, TextAt(row.pszFile == std::string("main.per") ? kMain : kLib, range));
+            std::sscanf(pszRange, "%d:%d-%d:%d", &range.line, &range.column, &range.endLine, &range.endColumn);
+            if (*pszText) {
+                EXPECT_EQ(pszText, TextAt(pszFile == std::string("main.per") ? kMain : kLib, range));
             }
         }
         // Every object of a file was read from it; none is left unplaced.

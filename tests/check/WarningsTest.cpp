@@ -7,11 +7,7 @@ namespace {
 class Warnings : public CheckTest
 {};
 
-struct WarningCase
-{
-    char const *pszScript;
-    std::vector<std::string> where;
-};
+using WarningCase = std::pair<char const *, std::vector<std::string>>;  // the script, Where() of its report
 
 TEST_F(Warnings, EachCodeOnItsMistake)
 {
@@ -47,9 +43,9 @@ TEST_F(Warnings, EachCodeOnItsMistake)
         // W006: a byte-order mark.
         {"\xEF\xBB\xBF(defrule (true) => (do-nothing))", {"main.per:1:1-1:1 W006"}},
     };
-    for (WarningCase const &row : rows) {
-        stratagem::CheckReport report = Run(row.pszScript, files);
-        EXPECT_EQ(row.where, Where(report)) << row.pszScript;
+    for (auto const &[pszScript, where] : rows) {
+        stratagem::CheckReport report = Run(pszScript, files);
+        EXPECT_EQ(where, Where(report)) << pszScript;
         for (stratagem::Diagnostic const &d : report.diagnostics)
             if (d.code[0] == 'W') {
                 EXPECT_EQ(stratagem::Severity::Warning, d.severity);
@@ -79,8 +75,8 @@ TEST_F(Warnings, CommentsSwitchCodesOff)
         {"(defrule (true) => (chat-to-all \"; stratagem: disable=W001\"))\n(defconst idle 2)",
          {"main.per:2:11-2:14 W001"}},
     };
-    for (WarningCase const &row : rows)
-        EXPECT_EQ(row.where, Where(Run(row.pszScript))) << row.pszScript;
+    for (auto const &[pszScript, where] : rows)
+        EXPECT_EQ(where, Where(Run(pszScript))) << pszScript;
 }
 
 TEST_F(Warnings, NoneOnTheSampleStrategyUnderAnySettings)

@@ -18,14 +18,9 @@ int RunGenerator(std::string const &arguments)
 
 TEST(GenerateGrammar, FailsOnABadCommandLineOrAnUnwritableFile)
 {
-    struct Row
-    {
-        char const *arguments;
-        int status;
-    };
-    Row const rows[] = {{"", 2}, {"a.json b.per c", 2}, {"/nonexistent-dir/grammar.json", 1}};
-    for (Row const &row : rows)
-        EXPECT_EQ(RunGenerator(row.arguments), row.status) << row.arguments;
+    std::pair<char const *, int> const rows[] = {{"", 2}, {"a.json b.per c", 2}, {"/nonexistent-dir/grammar.json", 1}};
+    for (auto const &[arguments, status] : rows)
+        EXPECT_EQ(RunGenerator(arguments), status) << arguments;
 }
 
 }  // namespace

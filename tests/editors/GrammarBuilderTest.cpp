@@ -6,24 +6,15 @@
 #include <set>
 #include <string>
 
+#include "../vocabulary/VocabularyTest.h"
 #include "GrammarBuilder.h"
 #include "stratagem.h"
 
 namespace {
 
-class GrammarBuilder : public ::testing::Test
+class GrammarBuilder : public VocabularyTest
 {
 protected:
-    void TearDown() override { AI_DeleteAll(); }
-
-    static void RegisterBuiltins()
-    {
-        AI_AddFacts();
-        AI_AddActions();
-        AI_AddDefines();
-        AI_AddParams();
-    }
-
     static grammar::WordKind const &Kind(std::string const &key)
     {
         for (grammar::WordKind const &kind : grammar::WordKinds())
@@ -85,18 +76,13 @@ TEST_F(GrammarBuilder, WordsTestCoversEveryWordWithItsScope)
     RegisterBuiltins();
     std::string const text = grammar::BuildWordsSyntaxTest();
     EXPECT_EQ(text.rfind("; SYNTAX TEST \"source.stratagem\"", 0), 0u);
-    struct Row
-    {
-        char const *word;
-        char const *scope;
-    };
-    Row const rows[] = {
+    std::pair<char const *, char const *> const rows[] = {
         {"food-amount", "support.function.fact.stratagem"},     {"train", "support.function.action.stratagem"},
         {"GIANT-MAP", "support.constant.define.stratagem"},     {"archer", "support.constant.parameter.stratagem"},
         {"less-than", "keyword.operator.relational.stratagem"}, {"not-equal", "keyword.operator.relational.stratagem"}};
-    for (Row const &row : rows) {
-        std::string const word = row.word;
-        std::string const expected = "\n(" + word + ")\n;" + std::string(word.size(), '^') + " " + row.scope + "\n";
+    for (auto const &[pszWord, scope] : rows) {
+        std::string const word = pszWord;
+        std::string const expected = "\n(" + word + ")\n;" + std::string(word.size(), '^') + " " + scope + "\n";
         EXPECT_NE(text.find(expected), std::string::npos) << word;
     }
     size_t lines = 0;

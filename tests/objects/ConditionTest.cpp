@@ -16,25 +16,20 @@ AI_CTestCE *Fact(unsigned int nSID = kTrue, AI_CExprList *pArgs = nullptr) { ret
 // passed through unnormalised shows.
 TEST_F(Condition, OperatorsCombineTheirOperandsAndShortCircuit)
 {
-    struct
-    {
-        AI_COpCE::Op op;
-        char const *pszResults;
-        char const *pszSecond;
-    } const aRows[] = {
+    std::tuple<AI_COpCE::Op, char const *, char const *> const aRows[] = {
         {AI_COpCE::opNot, "1100", "----"},  {AI_COpCE::opAnd, "0001", "--bb"},  {AI_COpCE::opOr, "0111", "bb--"},
         {AI_COpCE::opXor, "0110", "bbbb"},  {AI_COpCE::opNand, "1110", "--bb"}, {AI_COpCE::opNor, "1000", "bb--"},
         {AI_COpCE::opXnor, "1001", "bbbb"},
     };
-    for (auto const &row : aRows) {
+    for (auto const &[eOp, pszResults, pszSecond] : aRows) {
         for (int i = 0; i < 4; ++i) {
             int a = i & 2, b = (i & 1) * 2;
-            SCOPED_TRACE(testing::Message() << "op " << row.op << " a " << a << " b " << b);
+            SCOPED_TRACE(testing::Message() << "op " << eOp << " a " << a << " b " << b);
             Calls calls;
-            AI_COpCE op(row.op, new ProbeCE(a, &calls, "a"),
-                        row.op == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
-            EXPECT_EQ(row.pszResults[i] - '0', op.IsTrue());
-            EXPECT_EQ((row.pszSecond[i] == 'b' ? Calls {"a", "b"} : Calls {"a"}), calls);
+            AI_COpCE op(eOp, new ProbeCE(a, &calls, "a"),
+                        eOp == AI_COpCE::opNot ? nullptr : new ProbeCE(b, &calls, "b"));
+            EXPECT_EQ(pszResults[i] - '0', op.IsTrue());
+            EXPECT_EQ((pszSecond[i] == 'b' ? Calls {"a", "b"} : Calls {"a"}), calls);
         }
     }
 }
@@ -47,14 +42,9 @@ TEST_F(Condition, FactTestsNeverHoldAndAListStopsAtTheFirstFailure)
 
     EXPECT_EQ(1, AI_CCEList().IsTrue());
     Calls calls;
-    AI_CCEList probes;
-    probes.Add(new ProbeCE(2, &calls, "a"));
-    probes.Add(new ProbeCE(0, &calls, "b"));
-    probes.Add(new ProbeCE(2, &calls, "c"));
-    EXPECT_EQ(0, probes.IsTrue());
+    auto const list = [](std::initializer_list<AI_CCE *> ces) { return Own(ListOf<AI_CCEList>(ces)); };
+    EXPECT_EQ(0,
+              list({new ProbeCE(2, &calls, "a"), new ProbeCE(0, &calls, "b"), new ProbeCE(2, &calls, "c")})->IsTrue());
     EXPECT_EQ((Calls {"a", "b"}), calls);
-    AI_CCEList allHold;
-    allHold.Add(new ProbeCE(2, &calls, "d"));
-    allHold.Add(new ProbeCE(1, &calls, "e"));
-    EXPECT_EQ(1, allHold.IsTrue());
+    EXPECT_EQ(1, list({new ProbeCE(2, &calls, "d"), new ProbeCE(1, &calls, "e")})->IsTrue());
 }

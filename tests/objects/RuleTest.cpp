@@ -12,14 +12,12 @@ TEST_F(Rules, ActionsRunUntilTheFirstFailureAndOnlyWhenTheConditionsHold)
     EXPECT_EQ(0, AI_CAction(kDoNothing, nullptr).Execute());
     EXPECT_EQ(1, AI_CActionList().Execute());
     Calls calls;
-    AI_CActionList failing;
-    failing.Add(new ProbeAction(0, &calls, "a"));
-    failing.Add(new ProbeAction(0, &calls, "b"));
-    EXPECT_EQ(0, failing.Execute());
-    AI_CActionList succeeding;
-    succeeding.Add(new ProbeAction(1, &calls, "c"));
-    succeeding.Add(new ProbeAction(5, &calls, "d"));
-    EXPECT_EQ(1, succeeding.Execute());
+    auto const actions = [&calls](int nFirst, int nSecond, char const *pszFirst, char const *pszSecond) {
+        return Own(ListOf<AI_CActionList, AI_CAction>(
+            {new ProbeAction(nFirst, &calls, pszFirst), new ProbeAction(nSecond, &calls, pszSecond)}));
+    };
+    EXPECT_EQ(0, actions(0, 0, "a", "b")->Execute());
+    EXPECT_EQ(1, actions(1, 5, "c", "d")->Execute());
 
     EXPECT_EQ(1, AI_CDefruleCommand(new AI_CCEList, new AI_CActionList).Check());
     EXPECT_EQ(1, Own(Rule(new ProbeCE(1, &calls, "if"), new ProbeAction(0, &calls, "then")))->Check());
@@ -41,12 +39,11 @@ TEST_F(Rules, CommandListChecksInOrderToTheFirstFailureAndLoadsWhatIsNotLoaded)
                      {AI_CCommandList().Check(), 1}});
 
     Calls calls;
-    AI_CCommandList list;
-    list.Add(new ProbeCommand(1, 0, &calls, "a"));
-    list.Add(new ProbeCommand(0, 1, &calls, "b"));
-    list.Add(new ProbeCommand(1, 0, &calls, "c"));
-    EXPECT_EQ(0, list.Check());
-    list.Load();
+    std::unique_ptr<AI_CCommandList> pList(
+        Commands({new ProbeCommand(1, 0, &calls, "a"), new ProbeCommand(0, 1, &calls, "b"),
+                  new ProbeCommand(1, 0, &calls, "c")}));
+    EXPECT_EQ(0, pList->Check());
+    pList->Load();
     EXPECT_EQ((Calls {"check a", "check b", "load a", "load c"}), calls);
 }
 

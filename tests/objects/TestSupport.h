@@ -1,20 +1,23 @@
-// Shared pieces of the object-model and strategy tests: a fixture with the
-// built-in vocabulary, text capture, row checks, probes whose answers a test
-// sets and whose calls and destruction it observes, hand-built pieces, and
-// the runtime generator computed on its own.
+// Shared pieces of the object-model, strategy, check, parser and server
+// tests: a fixture with the built-in vocabulary, a scratch directory, probes
+// whose answers a test sets and whose calls and destruction it observes, and
+// hand-built pieces.
 #ifndef STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 #define STRATAGEM_TESTS_OBJECTS_TESTSUPPORT_H
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "../vocabulary/VocabularyTest.h"
 #include "objects/AI_Objects.h"
-#include "platform/crt.h"
 #include "strategy/AI_CStrategy.h"
 #include "vocabulary/AI_Vocabulary.h"
 
@@ -30,17 +33,32 @@ enum : unsigned int
     kVillager = 3110,   // param
 };
 
-class ObjectsTest : public ::testing::Test
+class ObjectsTest : public VocabularyTest
 {
 protected:
-    void SetUp() override
+    void SetUp() override { RegisterBuiltins(); }
+};
+
+// A fresh directory, removed with the object; Write answers the file's path.
+class ScratchDir
+{
+public:
+    ScratchDir() : m_path(testing::TempDir() + "stratagem-XXXXXX")
     {
-        AI_AddFacts();
-        AI_AddActions();
-        AI_AddDefines();
-        AI_AddParams();
+        if (!mkdtemp(&m_path[0]))
+            ADD_FAILURE() << "cannot create " << m_path;
+        m_path += '/';
     }
-    void TearDown() override { AI_DeleteAll(); }
+    ~ScratchDir() { std::filesystem::remove_all(m_path); }
+    std::string Write(std::string const &strName, std::string const &strText) const
+    {
+        std::ofstream(m_path + strName, std::ios::binary) << strText;
+        return m_path + strName;
+    }
+    std::string const &Path() const { return m_path; }
+
+private:
+    std::string m_path;
 };
 
 // Each row: what the code gave, what it should give.
@@ -90,8 +108,6 @@ inline std::vector<AI_CObject *> Children(AI_CObject const &object)
         result.erase(result.begin());
     return result;
 }
-
-inline std::string Stars(int n) { return std::string(n, '*'); }
 
 // The defaults of the settings record.
 inline AI_GameSettings DefaultSettings() { return AI_GameSettings {0, 0, 0, 1, 1, 4, 0, 2, 2, 1, 0, 2}; }
@@ -216,28 +232,5 @@ struct HandLoadRandom : AI_CLoadRandomCommand
     HandLoadRandom(AI_CLoadOptionList *pOptions, CString *pName) : AI_CLoadRandomCommand(pOptions, pName, nullptr) {}
     void SetLoaded(CString const *pChosen, AI_CCommandList *pLoaded) { m_pLoaded = pChosen, m_pCommands = pLoaded; }
 };
-
-// The percentage a random load makes of a draw: the floor of 100 r / 32767.
-inline int PercentOf(int r) { return 100 * r / 32767; }
-
-// The first seed after which the generator's draws pass the test (about one
-// seed in 32768 gives a chosen first draw). The generator is left seeded.
-template <class TEST>
-unsigned int SeedWhere(TEST const &passes)
-{
-    for (unsigned int nSeed = 0;; ++nSeed) {
-        crt::srand(nSeed);
-        if (passes()) {
-            crt::srand(nSeed);
-            return nSeed;
-        }
-    }
-}
-
-// A seed whose first draw is r.
-inline unsigned int SeedFor(int r)
-{
-    return SeedWhere([r] { return crt::rand() == r; });
-}
 
 #endif

@@ -6,16 +6,10 @@ namespace {
 
 using ActionsTest = FrontEndTest;
 
-struct CauseCase
-{
-    char const *pszScript;
-    char const *pszMessage;
-};
-
 // Names are checked as soon as they are read; argument lists when the call
 // is closed; blocks at their end-if (the inner one first); random loads at
 // their parenthesis.
-CauseCase const kCauses[] = {
+std::pair<char const *, char const *> const kCauses[] = {
     {"(defrule (do-nothing\n) => (do-nothing))", "main.txt(1): Fact function name expected, found: 'do-nothing'."},
     {"(defrule (true) =>\n(true))", "main.txt(2): Action function name expected, found: 'true'."},
     {"(defrule (true) => (archer))", "main.txt(1): Action function name expected, found: 'archer'."},
@@ -59,8 +53,8 @@ TEST_F(ActionsTest, EveryCauseWithItsParameterAndLine)
 {
     AI_AddParam(497, "fact-range-word");
     AI_AddParam(690, "action-range-word");
-    for (CauseCase const &cause : kCauses)
-        EXPECT_EQ(ErrorOf(cause.pszScript), cause.pszMessage) << cause.pszScript;
+    for (auto const &[pszScript, pszMessage] : kCauses)
+        EXPECT_EQ(ErrorOf(pszScript), pszMessage) << pszScript;
     // Without the built-in params a relational operator names nothing.
     RegisterVocabulary(false);
     EXPECT_EQ(ErrorOf("(defrule (three-ops <) => (do-nothing))"), "main.txt(1): Expression expected, found: ''.");
@@ -90,16 +84,15 @@ TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
 
 TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
 {
-    AI_COpCE::Op const kOps[]
-        = {AI_COpCE::opAnd, AI_COpCE::opOr, AI_COpCE::opXor, AI_COpCE::opNand, AI_COpCE::opNor, AI_COpCE::opXnor};
-    char const *const kWords[] = {"and", "or", "xor", "nand", "nor", "xnor"};
-    for (int i = 0; i < 6; ++i) {
+    char const *const kWords[] = {"not", "and", "or", "xor", "nand", "nor", "xnor"};  // in the order of AI_COpCE::Op
+    for (int i = 1; i < 7; ++i) {
+        SCOPED_TRACE(kWords[i]);
         AI_CCommandList *pCommands = ParseText(std::string("(defconst five 5)\n(defrule (") + kWords[i]
                                                + " (food-amount greater-or-equal five) (not (false)))"
                                                  " => (chat-to-all \"hi\") (do-nothing))");
         auto const *pOp = dynamic_cast<AI_COpCE const *>(FirstCondition(pCommands, 1));
-        ASSERT_NE(pOp, nullptr) << kWords[i];
-        EXPECT_EQ(pOp->GetOp(), kOps[i]) << kWords[i];
+        ASSERT_NE(pOp, nullptr);
+        EXPECT_EQ(pOp->GetOp(), static_cast<AI_COpCE::Op>(i));
         auto const *pNot = static_cast<AI_COpCE const *>(pOp->GetCE2());
         EXPECT_EQ(pNot->GetOp(), AI_COpCE::opNot);
         EXPECT_EQ(pNot->GetCE2(), nullptr);
@@ -122,15 +115,12 @@ TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
 
 TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
 {
-    m_settings.bDeathMatch = 1;
-    m_settings.nMapSize = 3;  // not a small map
-    m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", m_settings));
+    AI_GameSettings settings = AI_gsSettings;
+    settings.bDeathMatch = 1;
+    settings.nMapSize = 3;  // not a small map
+    m_pStrategy.reset(new AI_CStrategy("blocks", "main.txt", settings));
     // The plain cases of each directive are host cases (blocks-1, blocks-2).
-    struct Resolution
-    {
-        char const *pszScript;
-        Names loads;
-    } const kResolutions[] = {
+    std::pair<char const *, Names> const kResolutions[] = {
         {"#load-if-not-defined DEATH-MATCH (load \"then\") #else (load \"else\") #end-if", {"else"}},
         {"#load-if-not-defined SMALL-MAP (load \"t1\") (load \"t2\") #else (load \"else\") #end-if", {"t1", "t2"}},
         {"(load \"x\") #load-if-defined DEATH-MATCH (load \"t1\") (load \"t2\") #end-if (load \"y\")",
@@ -144,28 +134,6 @@ TEST_F(ActionsTest, BlocksAreReplacedByTheSelectedBranch)
          "#else (load \"g\") #end-if (load \"last\")",
          {"first", "a", "c", "d", "e", "f", "last"}},
     };
-    for (Resolution const &resolution : kResolutions)
-        EXPECT_EQ(LoadsOf(resolution.pszScript, "main"), resolution.loads) << resolution.pszScript;
-}
-
-TEST_F(ActionsTest, BlocksStayWhenResolutionIsOff)
-{
-    EXPECT_EQ(AI_CParser::IsExpandBlocks(), 1);
-    AI_CParser::EnableExpandBlocks(0);
-    EXPECT_EQ(AI_CParser::IsExpandBlocks(), 0);
-    std::vector<AI_CCommand const *> commands
-        = Commands(ParseText("#load-if-not-defined SMALL-MAP (load \"a\") #load-if-defined REGICIDE (load \"b\") "
-                             "#end-if #else (load \"c\") #end-if"));
-    ASSERT_EQ(commands.size(), 1u);
-    auto const *pBlock = dynamic_cast<AI_CBlock const *>(commands[0]);
-    ASSERT_NE(pBlock, nullptr);
-    EXPECT_EQ(pBlock->GetIf(), 0);
-    EXPECT_EQ(pBlock->GetSID(), 131u);
-    EXPECT_EQ(LoadedNames(pBlock->GetElseCommands()), Names {"c.txt"});
-    std::vector<AI_CCommand const *> then = Commands(pBlock->GetIfCommands());
-    ASSERT_EQ(then.size(), 2u);
-    auto const *pInner = dynamic_cast<AI_CBlock const *>(then[1]);
-    ASSERT_NE(pInner, nullptr);
-    EXPECT_EQ(pInner->GetIf(), 1);
-    EXPECT_EQ(pInner->GetElseCommands(), nullptr);
+    for (auto const &[pszScript, loads] : kResolutions)
+        EXPECT_EQ(LoadsOf(pszScript, "main"), loads) << pszScript;
 }

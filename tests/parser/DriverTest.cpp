@@ -30,7 +30,7 @@ TEST_F(DriverTest, EachNameIsParsedOnce)
     ASSERT_EQ(std::remove("main.txt"), 0);
     EXPECT_EQ(ParseFile("main.txt"), pFirst);
     // The same file under another name is another entry.
-    WriteFile("main.txt", "(load \"a\")");
+    m_dir.Write("main.txt", "(load \"a\")");
     AI_CCommandList *pSecond = ParseFile("./main.txt");
     EXPECT_NE(pSecond, pFirst);
     EXPECT_EQ(LoadedNames(pSecond), Names {"./a.txt"});
@@ -40,11 +40,11 @@ TEST_F(DriverTest, EachNameIsParsedOnce)
 TEST_F(DriverTest, AFailedParseLeavesNothingBehind)
 {
     // Objects and strings of every kind are pending when the last line fails.
-    WriteFile("main.txt",
-              "(defrule (and (true) (food-amount < 5)) => (chat-to-all \"pending\") (do-nothing))\n"
-              "(load-random 30 \"a\" \"b\")\n"
-              "#load-if-defined DEATH-MATCH (load \"c\") #else (load \"d\") #end-if\n"
-              "(defrule (true) => (chat-to-all \"x\") (unknown-action))");
+    m_dir.Write("main.txt",
+                "(defrule (and (true) (food-amount < 5)) => (chat-to-all \"pending\") (do-nothing))\n"
+                "(load-random 30 \"a\" \"b\")\n"
+                "#load-if-defined DEATH-MATCH (load \"c\") #else (load \"d\") #end-if\n"
+                "(defrule (true) => (chat-to-all \"x\") (unknown-action))");
     OpenParser parser(m_pStrategy.get());
     std::string strMessage = "accepted";
     try {
@@ -60,7 +60,7 @@ TEST_F(DriverTest, AFailedParseLeavesNothingBehind)
     EXPECT_EQ(parser.Remembered(), 0);
     EXPECT_TRUE(m_pStrategy->GetCommandLists().IsEmpty());
     // Once mended, the file is read again.
-    WriteFile("main.txt", "(load \"mended\")");
+    m_dir.Write("main.txt", "(load \"mended\")");
     EXPECT_EQ(LoadedNames(parser.Parse("main.txt")), Names {"mended.txt"});
     EXPECT_EQ(parser.Remembered(), 0);
 

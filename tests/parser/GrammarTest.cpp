@@ -17,63 +17,34 @@ std::string const kOpen = "parse error, expecting `'(''";
 std::string const kClose = "parse error, expecting `')''";
 std::string const kAlone = "parse error";
 
-struct Case
-{
-    std::string strScript;
-    std::string strExpected;
-};
+using Case = std::pair<std::string, std::string>;  // the script, the message
 
-// One row per place where an unacceptable token can stand.
+// One row per place where an unacceptable token can stand: in commands and
+// blocks, rules, constants and loads; "=>x" is the arrow, then a symbol.
+// clang-format off
 Case const kErrorPoints[] = {
-    // Commands and blocks.
-    {"x", kCommandStart},
-    {"#load-if-defined DEATH-MATCH x", kCommandStart},
-    {"#load-if-defined DEATH-MATCH (load \"a\") # else )", kCommandStart},
-    {"(load \"a\") (load \"b\") x", kTopLevel},
-    {"(load \"a\"))", kTopLevel},
-    {"#load-if-defined DEATH-MATCH (load \"a\") x", kCommandStart},
-    {"#load-if-not-defined DEATH-MATCH (load \"a\") #else (load \"b\") =>", kCommandStart},
-    {"(x", kCommandWord},
-    {"(load-if-defined", kCommandWord},
-    {"#x", kDirective},
-    {"#end-if", kDirective},
+    {"x", kCommandStart}, {"#load-if-defined DEATH-MATCH x", kCommandStart},
+    {"#load-if-defined DEATH-MATCH (load \"a\") # else )", kCommandStart}, {"(load \"a\") (load \"b\") x", kTopLevel},
+    {"(load \"a\"))", kTopLevel}, {"#load-if-defined DEATH-MATCH (load \"a\") x", kCommandStart},
+    {"#load-if-not-defined DEATH-MATCH (load \"a\") #else (load \"b\") =>", kCommandStart}, {"(x", kCommandWord},
+    {"(load-if-defined", kCommandWord}, {"#x", kDirective}, {"#end-if", kDirective},
     {"#load-if-defined DEATH-MATCH #end-if", kDirective},
     {"#load-if-defined DEATH-MATCH (load \"a\") #else #end-if", kDirective},
     {"#load-if-defined DEATH-MATCH (load \"a\") #foo #end-if", kEndIf},
     {"#load-if-defined DEATH-MATCH (load \"a\") #else (load \"b\") #else", kEndIf},
-    {"#load-if-defined (load \"a\")", kSymbol},
-    // Rules.
-    {"(defrule x", kOpen},
-    {"(defrule => (do-nothing))", kOpen},
-    {"(defrule ())", kAlone},
-    {"(defrule (true) (false) x", "parse error, expecting `TOK_ARROW' or `'(''"},
-    {"(defrule (not x", kOpen},
-    {"(defrule (not (true) (false)) => (do-nothing))", kClose},
-    {"(defrule (and (true)) => (do-nothing))", kOpen},
-    {"(defrule (or (true) (false) (true)) => (do-nothing))", kClose},
-    {"(defrule (true (false)) => (do-nothing))", kAlone},
-    {"(defrule (food-amount # 5) => (do-nothing))", kAlone},
-    {"(defrule (true) => (do-nothing =>", kAlone},
-    {"(defrule (true) =>)", kOpen},
-    {"(defrule (true) => ((", kSymbol},
+    {"#load-if-defined (load \"a\")", kSymbol}, {"(defrule x", kOpen}, {"(defrule => (do-nothing))", kOpen},
+    {"(defrule ())", kAlone}, {"(defrule (true) (false) x", "parse error, expecting `TOK_ARROW' or `'(''"},
+    {"(defrule (not x", kOpen}, {"(defrule (not (true) (false)) => (do-nothing))", kClose},
+    {"(defrule (and (true)) => (do-nothing))", kOpen}, {"(defrule (or (true) (false) (true)) => (do-nothing))", kClose},
+    {"(defrule (true (false)) => (do-nothing))", kAlone}, {"(defrule (food-amount # 5) => (do-nothing))", kAlone},
+    {"(defrule (true) => (do-nothing =>", kAlone}, {"(defrule (true) =>)", kOpen}, {"(defrule (true) => ((", kSymbol},
     {"(defrule (true) => (not", kSymbol},
-    {"(defrule (true) => (do-nothing) x", "parse error, expecting `'('' or `')''"},
-    // Constants and loads.
-    {"(defconst 5", kSymbol},
-    {"(defconst else 5)", kSymbol},
-    {"(defconst c )", kValue},
-    {"(defconst c \"5\")", kValue},
-    {"(defconst c load)", kValue},
-    {"(defconst c 5 6)", kClose},
-    {"(defconst c +5a)", kClose},
-    {"(load x", kString},
-    {"(load \"a\" \"b\")", kClose},
-    {"(load-random 30)", kString},
-    {"(load-random 30 \"a\" x)", kClose},
-    {"(load-random 30 \"a\" \"b\" 20 \"c\")", kClose},
-    {"(load-random x)", kClose},
-    {"(defrule (true) =>x)", kOpen},  // the arrow, then a symbol
-};
+    {"(defrule (true) => (do-nothing) x", "parse error, expecting `'('' or `')''"}, {"(defconst 5", kSymbol},
+    {"(defconst else 5)", kSymbol}, {"(defconst c )", kValue}, {"(defconst c \"5\")", kValue},
+    {"(defconst c load)", kValue}, {"(defconst c 5 6)", kClose}, {"(defconst c +5a)", kClose}, {"(load x", kString},
+    {"(load \"a\" \"b\")", kClose}, {"(load-random 30)", kString}, {"(load-random 30 \"a\" x)", kClose},
+    {"(load-random 30 \"a\" \"b\" 20 \"c\")", kClose}, {"(load-random x)", kClose}, {"(defrule (true) =>x)", kOpen}};
+// clang-format on
 
 // An error at the end of input stands one line after the last line feed.
 // Files are read in text mode: CR LF is one line end, 0x1A ends the input.
@@ -122,14 +93,14 @@ std::string NestedNots(int nDepth)
 
 TEST_F(GrammarErrorTest, EveryErrorPointNamesItsTokens)
 {
-    for (Case const &point : kErrorPoints)
-        EXPECT_EQ(ErrorOf(point.strScript), SyntaxError(1, point.strExpected)) << point.strScript;
+    for (auto const &[strScript, strExpected] : kErrorPoints)
+        EXPECT_EQ(ErrorOf(strScript), SyntaxError(1, strExpected)) << strScript;
 }
 
 TEST_F(GrammarErrorTest, ErrorsAreReportedOnTheLineOfTheRejectedToken)
 {
-    for (Case const &line : kLines)
-        EXPECT_EQ(ErrorOf(line.strScript), line.strExpected) << line.strScript;
+    for (auto const &[strScript, strExpected] : kLines)
+        EXPECT_EQ(ErrorOf(strScript), strExpected) << strScript;
     // Files are read 8,192 bytes at a time: put CR LF on and near the first
     // two chunk boundaries.
     for (size_t nAt : {8190u, 8191u, 8192u, 16383u, 16384u}) {

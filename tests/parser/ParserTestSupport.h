@@ -4,15 +4,7 @@
 #ifndef STRATAGEM_TESTS_PARSER_PARSERTESTSUPPORT_H
 #define STRATAGEM_TESTS_PARSER_PARSERTESTSUPPORT_H
 
-#include <gtest/gtest.h>
-#include <stdlib.h>
-
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <string>
-#include <vector>
-
+#include "../objects/TestSupport.h"
 #include "stratagem.h"
 
 using Names = std::vector<std::string>;
@@ -65,11 +57,9 @@ inline std::vector<AI_CExpression const *> Arguments(AI_CCE const *pCE)
 {
     std::vector<AI_CExpression const *> result;
     auto const *pTest = dynamic_cast<AI_CTestCE const *>(pCE);
-    if (!pTest || !pTest->GetExpressions())
-        return result;
-    auto const &expressions = pTest->GetExpressions()->GetExpressions();
-    for (POSITION position = expressions.GetHeadPosition(); position;)
-        result.push_back(expressions.GetNext(position));
+    for (AI_CObject *pChild :
+         pTest && pTest->GetExpressions() ? Children(*pTest->GetExpressions()) : std::vector<AI_CObject *> {})
+        result.push_back(static_cast<AI_CExpression const *>(pChild));
     return result;
 }
 
@@ -78,13 +68,10 @@ class FrontEndTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        std::string strTemplate = ::testing::TempDir() + "parser-XXXXXX";
-        ASSERT_NE(mkdtemp(&strTemplate[0]), nullptr);
-        m_directory = strTemplate;
         m_oldDirectory = std::filesystem::current_path();
-        std::filesystem::current_path(m_directory);
+        std::filesystem::current_path(m_dir.Path());
         RegisterVocabulary();
-        m_pStrategy.reset(new AI_CStrategy("test", "main.txt", m_settings));
+        m_pStrategy.reset(new AI_CStrategy("test", "main.txt", AI_gsSettings));
     }
 
     void TearDown() override
@@ -93,7 +80,6 @@ protected:
         AI_DeleteAll();
         AI_CParser::EnableExpandBlocks(1);
         std::filesystem::current_path(m_oldDirectory);
-        std::filesystem::remove_all(m_directory);
     }
 
     // The built-in vocabulary and "three-ops", a fact of three relational
@@ -110,47 +96,38 @@ protected:
         }
     }
 
-    static void WriteFile(std::string const &strName, std::string const &strText)
-    {
-        std::ofstream file(strName, std::ios::binary);
-        file << strText;
-        ASSERT_TRUE(file.good()) << strName;
-    }
-
-    // Parses a written file with a new parser; an error fails the test.
-    AI_CCommandList *ParseFile(char const *pszName)
+    // Parses a written file with a new parser. The message of a parse error
+    // goes to *pError, other errors fail the test.
+    AI_CCommandList *ParseFile(char const *pszName, std::string *pError = nullptr)
     {
         try {
             return AI_CParser(m_pStrategy.get()).Parse(pszName);
         } catch (CException *pException) {
-            ADD_FAILURE() << "unexpected error: " << MessageOf(pException);
+            bool const bParseError = pException->IsKindOf(RUNTIME_CLASS(AI_CParseException));
+            if (pError)
+                *pError = bParseError ? MessageOf(pException) : "not a parse error";
+            else
+                ADD_FAILURE() << "unexpected error: " << MessageOf(pException);
             pException->Delete();
             return nullptr;
         }
     }
 
     // Drops every list parsed so far, writes the text and parses it.
-    AI_CCommandList *ParseText(std::string const &strText, char const *pszName = "main.txt")
+    AI_CCommandList *ParseText(std::string const &strText, char const *pszName = "main.txt",
+                               std::string *pError = nullptr)
     {
         m_pStrategy->DeleteCommandLists();
-        WriteFile(pszName, strText);
-        return ParseFile(pszName);
+        m_dir.Write(pszName, strText);
+        return ParseFile(pszName, pError);
     }
 
     // The same, answering the message of the parse error, or "accepted".
     std::string ErrorOf(std::string const &strText, char const *pszName = "main.txt")
     {
-        m_pStrategy->DeleteCommandLists();
-        WriteFile(pszName, strText);
-        try {
-            AI_CParser(m_pStrategy.get()).Parse(pszName);
-        } catch (CException *pException) {
-            bool const bParseError = pException->IsKindOf(RUNTIME_CLASS(AI_CParseException));
-            std::string const strMessage = bParseError ? MessageOf(pException) : "not a parse error";
-            pException->Delete();
-            return strMessage;
-        }
-        return "accepted";
+        std::string strError = "accepted";
+        ParseText(strText, pszName, &strError);
+        return strError;
     }
 
     Names LoadsOf(std::string const &strText, char const *pszName = "main.txt")
@@ -158,12 +135,11 @@ protected:
         return LoadedNames(ParseText(strText, pszName));
     }
 
-    AI_GameSettings m_settings = AI_gsSettings;
+    ScratchDir const m_dir;
     std::unique_ptr<AI_CStrategy> m_pStrategy;
 
 private:
     std::filesystem::path m_oldDirectory;
-    std::filesystem::path m_directory;
 };
 
 #endif

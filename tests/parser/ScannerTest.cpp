@@ -7,43 +7,32 @@ using ScannerTest = FrontEndTest;
 
 TEST_F(ScannerTest, RelationalOperatorsAsWordsAndSymbols)
 {
-    struct Run
-    {
-        char const *pszText;
-        unsigned int anSIDs[3];
-    } const kRuns[] = {{"< less-than <=", {2300, 2300, 2301}},
-                       {"less-or-equal > greater-than", {2301, 2302, 2302}},
-                       {">= greater-or-equal ==", {2303, 2303, 2304}},
-                       {"equal != not-equal", {2304, 2305, 2305}},
-                       {"<=><", {2301, 2302, 2300}},
-                       {"<<<", {2300, 2300, 2300}},
-                       {">=>=!=", {2303, 2303, 2305}},
-                       {"!=<>", {2305, 2300, 2302}}};
-    for (Run const &run : kRuns) {
-        std::vector<AI_CExpression const *> arguments = Arguments(
-            FirstCondition(ParseText(std::string("(defrule (three-ops ") + run.pszText + ")=>(do-nothing))")));
-        ASSERT_EQ(arguments.size(), 3u) << run.pszText;
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(arguments[i]->GetContents().nSID, run.anSIDs[i]) << run.pszText << " #" << i;
+    // clang-format off
+    std::pair<char const *, std::vector<unsigned int>> const kRuns[] = {
+        {"< less-than <=", {2300, 2300, 2301}}, {"less-or-equal > greater-than", {2301, 2302, 2302}},
+        {">= greater-or-equal ==", {2303, 2303, 2304}}, {"equal != not-equal", {2304, 2305, 2305}},
+        {"<=><", {2301, 2302, 2300}}, {"<<<", {2300, 2300, 2300}}, {">=>=!=", {2303, 2303, 2305}},
+        {"!=<>", {2305, 2300, 2302}}};
+    // clang-format on
+    for (auto const &[pszText, anSIDs] : kRuns) {
+        std::vector<unsigned int> sids;
+        for (AI_CExpression const *pArgument :
+             Arguments(FirstCondition(ParseText(std::string("(defrule (three-ops ") + pszText + ")=>(do-nothing))"))))
+            sids.push_back(pArgument->GetContents().nSID);
+        EXPECT_EQ(sids, anSIDs) << pszText;
     }
 }
 
 TEST_F(ScannerTest, IntegersAndTheirRange)
 {
-    struct Literal
-    {
-        char const *pszText;
-        int nValue;
-    } const kAccepted[] = {{"0", 0},
-                           {"-0", 0},
-                           {"007", 7},
-                           {"+5", 5},
-                           {"2147483646", 2147483646},
-                           {"-2147483647", -2147483647},
-                           {"-000000000000000012", -12}};
-    for (Literal const &literal : kAccepted) {
-        ParseText(std::string("(defconst c ") + literal.pszText + ")");
-        EXPECT_EQ(AI_Constant(AI_Symbol("c"), 0), literal.nValue) << literal.pszText;
+    // clang-format off
+    std::pair<char const *, int> const kAccepted[] = {
+        {"0", 0}, {"-0", 0}, {"007", 7}, {"+5", 5}, {"2147483646", 2147483646}, {"-2147483647", -2147483647},
+        {"-000000000000000012", -12}};
+    // clang-format on
+    for (auto const &[pszLiteral, nValue] : kAccepted) {
+        ParseText(std::string("(defconst c ") + pszLiteral + ")");
+        EXPECT_EQ(AI_Constant(AI_Symbol("c"), 0), nValue) << pszLiteral;
         AI_DeleteConstants();
     }
     // The two extreme values are what an overflow gives, so they are out too.
@@ -75,11 +64,7 @@ TEST_F(ScannerTest, LongSymbolsAndStringsAreCut)
 
 TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
 {
-    struct Invalid
-    {
-        std::string strText;
-        std::string strReported;
-    } const kInvalid[] = {
+    std::pair<std::string, std::string> const kInvalid[] = {
         {"=", "="},       {"!!", "!"},
         {"+", "+"},       {"+a", "+"},
         {".", "."},       {"/", "/"},
@@ -89,30 +74,20 @@ TEST_F(ScannerTest, InvalidCharactersNameTheFirstOffendingByte)
         {"\xE9", "\xE9"}, {std::string(1, '\0'), ""},
         {"%s", "%"},
     };
-    for (Invalid const &invalid : kInvalid)
-        EXPECT_EQ(ErrorOf("(load \"a\")\n" + invalid.strText + "(load \"b\")"),
-                  InvalidCharacter(2, invalid.strReported));
+    for (auto const &[strText, strReported] : kInvalid)
+        EXPECT_EQ(ErrorOf("(load \"a\")\n" + strText + "(load \"b\")"), InvalidCharacter(2, strReported));
 }
 
 TEST_F(ScannerTest, StringEscapes)
 {
-    struct Escape
-    {
-        char const *pszWritten;
-        char const *pszText;
-    } const kEscapes[] = {{"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"},
-                          {"\\q\\5\\;", "q5;"},
-                          {"\\\\", "\\"},
-                          {"a\\\" b", "a\" b"},
-                          {"a;b#c(d) e", "a;b#c(d) e"},
-                          {"", ""},
-                          {"x\\\ny", "xy"},
-                          {"\xE9t\\\xE9", "\xE9t\xE9"},
-                          {"a\rb", "a\rb"},
-                          {"x\\\r\ny", "xy"}};
-    for (Escape const &escape : kEscapes)
-        EXPECT_EQ(LoadsOf(std::string("(load \"") + escape.pszWritten + "\")", "main"), Names {escape.pszText})
-            << escape.pszWritten;
+    // clang-format off
+    std::pair<char const *, char const *> const kEscapes[] = {
+        {"\\a\\b\\f\\n\\r\\t\\v", "\a\b\f\n\r\t\v"}, {"\\q\\5\\;", "q5;"}, {"\\\\", "\\"}, {"a\\\" b", "a\" b"},
+        {"a;b#c(d) e", "a;b#c(d) e"}, {"", ""}, {"x\\\ny", "xy"}, {"\xE9t\\\xE9", "\xE9t\xE9"}, {"a\rb", "a\rb"},
+        {"x\\\r\ny", "xy"}};
+    // clang-format on
+    for (auto const &[pszWritten, pszText] : kEscapes)
+        EXPECT_EQ(LoadsOf(std::string("(load \"") + pszWritten + "\")", "main"), Names {pszText}) << pszWritten;
 }
 
 TEST_F(ScannerTest, EveryParseStartsInTheInitialState)

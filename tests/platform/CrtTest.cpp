@@ -12,24 +12,19 @@ namespace {
 // after seeds at the ends of the range.
 TEST(Rand, FollowsTheOriginalSequencesFromStateOneAndAfterEverySeed)
 {
-    struct Row
-    {
-        bool bSeed;
-        unsigned int nSeed;
-        std::vector<int> draws;
-    } const rows[] = {
+    std::tuple<bool, unsigned int, std::vector<int>> const rows[] = {
         {false, 0, {41, 18467, 6334, 26500, 19169, 15724, 11478, 29358, 26962, 24464}},
         {true, 1, {41, 18467, 6334, 26500, 19169}},
         {true, 0, {38, 7719, 21238, 2437, 8855}},
         {true, 0xFFFFFFFFu, {35, 29739, 3374, 11141, 31308}},
     };
-    for (Row const &row : rows) {
-        if (row.bSeed)
-            crt::srand(row.nSeed);
+    for (auto const &[bSeed, nSeed, expectedDraws] : rows) {
+        if (bSeed)
+            crt::srand(nSeed);
         std::vector<int> draws;
-        for (std::size_t i = 0; i < row.draws.size(); ++i)
+        for (std::size_t i = 0; i < expectedDraws.size(); ++i)
             draws.push_back(crt::rand());
-        EXPECT_EQ(row.draws, draws) << row.nSeed;
+        EXPECT_EQ(expectedDraws, draws) << nSeed;
     }
 }
 

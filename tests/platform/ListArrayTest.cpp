@@ -63,87 +63,60 @@ TEST(TypedPtrList, KeepsOrderThroughFindRemovalAndAppending)
     EXPECT_EQ((std::vector<int> {2}), Ids(list));
 }  // both lists go while still holding pointers to the stack
 
-// Positions stay valid while a list grows, shrinks from the middle and grows
-// again, whichever node a position names; walking back sees the same order.
-TEST(TypedPtrList, PositionsSurviveGrowthAndReuse)
-{
-    std::deque<Item> items;  // an object never moves
-    for (int n = 0; n < 8; ++n)
-        items.emplace_back(n);
-    ItemList list;
-    std::vector<POSITION> positions;
-    for (Item &item : items)
-        positions.push_back(list.AddTail(&item));
-    list.RemoveAt(positions[0]);
-    list.RemoveAt(positions[1]);
-    list.RemoveAt(positions[5]);
-    for (int n : {1, 5, 0})
-        positions[n] = list.AddTail(&items[n]);
-    EXPECT_EQ((std::vector<int> {2, 3, 4, 6, 7, 1, 5, 0}), Ids(list));
-    for (int n = 0; n < 8; ++n)
-        EXPECT_EQ(&items[n], list.GetNext(positions[n] = list.Find(&items[n]))) << n;
-
-    std::vector<int> backwards;
-    for (POSITION pos = list.GetTailPosition(); pos;)
-        backwards.push_back(list.GetPrev(pos)->m_nId);
-    EXPECT_EQ((std::vector<int> {0, 5, 1, 7, 6, 4, 3, 2}), backwards);
-    EXPECT_EQ(8, list.GetCount());
-}
-
-// Removing elements in any order: the walks skip what was removed, a
-// list appended to another brings only what it still holds, and a list
-// emptied element by element takes new elements as a fresh one does.
+// Removing elements in any order, then adding some back (the freed nodes
+// are reused): the walks both ways skip what was removed, a list appended to
+// another brings only what it still holds, and a list emptied element by
+// element takes new elements as a fresh one does.
 TEST(TypedPtrList, RemovalInAnyOrderThenReuse)
 {
-    struct Row
-    {
-        char const *name;
-        std::vector<int> removed;  // slots, in the order they are removed
-        std::vector<int> left;     // ids after those removals
+    // Name, slots in the order they are removed, slots added back, ids left.
+    std::tuple<char const *, std::vector<int>, std::vector<int>, std::vector<int>> const rows[] = {
+        {"head first", {0, 1}, {}, {2, 3, 4}},
+        {"tail first", {4, 3}, {}, {0, 1, 2}},
+        {"middle, then around it", {2, 1, 3}, {}, {0, 4}},
+        {"every one, middle out", {2, 1, 3, 0, 4}, {}, {}},
+        {"every one, tail first", {4, 3, 2, 1, 0}, {}, {}},
+        {"freed nodes reused", {0, 1, 3}, {1, 3, 0}, {2, 4, 1, 3, 0}},
     };
-    Row const rows[] = {
-        {"head first", {0, 1}, {2, 3, 4}},
-        {"tail first", {4, 3}, {0, 1, 2}},
-        {"middle, then around it", {2, 1, 3}, {0, 4}},
-        {"every one, middle out", {2, 1, 3, 0, 4}, {}},
-        {"every one, tail first", {4, 3, 2, 1, 0}, {}},
-    };
-    for (Row const &row : rows) {
-        std::deque<Item> items;
+    for (auto const &[name, removed, readded, left] : rows) {
+        SCOPED_TRACE(name);
+        std::deque<Item> items;  // an object never moves
         for (int n = 0; n < 5; ++n)
             items.emplace_back(n);
         ItemList list, copy;
         std::vector<POSITION> positions;
         for (Item &item : items)
             positions.push_back(list.AddTail(&item));
-        for (int n : row.removed)
+        for (int n : removed)
             list.RemoveAt(positions[n]);
-        EXPECT_EQ(row.left, Ids(list)) << row.name;
-        EXPECT_EQ(static_cast<INT_PTR>(row.left.size()), list.GetCount()) << row.name;
+        for (int n : readded)
+            positions[n] = list.AddTail(&items[n]);
+        EXPECT_EQ(left, Ids(list));
+        EXPECT_EQ(static_cast<INT_PTR>(left.size()), list.GetCount());
         copy.AddTail(&list);
-        EXPECT_EQ(row.left, Ids(copy)) << row.name;
+        EXPECT_EQ(left, Ids(copy));
         for (Item &item : items) {
+            bool const bLeft = std::count(left.begin(), left.end(), item.m_nId) != 0;
             POSITION found = list.Find(&item);
-            bool bLeft = std::count(row.left.begin(), row.left.end(), item.m_nId) != 0;
-            EXPECT_EQ(bLeft, found != nullptr) << row.name << " " << item.m_nId;
+            EXPECT_EQ(bLeft ? positions[item.m_nId] : nullptr, found) << item.m_nId;
             if (found) {
-                EXPECT_EQ(&item, list.GetNext(found)) << row.name;
+                EXPECT_EQ(&item, list.GetNext(found));
             }
         }
         std::vector<int> backwards;
         for (POSITION pos = list.GetTailPosition(); pos;)
             backwards.push_back(list.GetPrev(pos)->m_nId);
-        EXPECT_EQ(std::vector<int>(row.left.rbegin(), row.left.rend()), backwards) << row.name;
-        if (!row.left.empty()) {
-            EXPECT_EQ(row.left.front(), list.GetHead()->m_nId) << row.name;
-            EXPECT_EQ(row.left.back(), list.GetTail()->m_nId) << row.name;
+        EXPECT_EQ(std::vector<int>(left.rbegin(), left.rend()), backwards);
+        if (!left.empty()) {
+            EXPECT_EQ(left.front(), list.GetHead()->m_nId);
+            EXPECT_EQ(left.back(), list.GetTail()->m_nId);
             continue;
         }
-        EXPECT_EQ(nullptr, list.GetHeadPosition()) << row.name;
+        EXPECT_EQ(nullptr, list.GetHeadPosition());
         POSITION first = list.AddTail(&items[3]);
-        EXPECT_EQ(first, list.GetHeadPosition()) << row.name;
-        EXPECT_EQ(first, list.GetTailPosition()) << row.name;
-        EXPECT_EQ((std::vector<int> {3}), Ids(list)) << row.name;
+        EXPECT_EQ(first, list.GetHeadPosition());
+        EXPECT_EQ(first, list.GetTailPosition());
+        EXPECT_EQ((std::vector<int> {3}), Ids(list));
     }
 }
 

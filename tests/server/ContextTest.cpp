@@ -10,37 +10,32 @@ using namespace stratagem::server;
 class Context : public servertest::Vocabulary
 {
 protected:
-    // The context at the `|` of the text (which is removed).
+    // The context at the `|` of the text (which is removed); m_tokens and
+    // m_cursor hold the tokens and the cursor.
     static CursorContext At(std::string text)
     {
         std::size_t const mark = text.find('|');
         text.erase(mark, 1);
-        Cursor cursor;
         std::size_t const lineStart = text.rfind('\n', mark == 0 ? 0 : mark - 1);
-        cursor.line = 1 + static_cast<int>(std::count(text.begin(), text.begin() + mark, '\n'));
-        cursor.column = static_cast<int>(mark - (lineStart == std::string::npos || mark == 0 ? 0 : lineStart + 1)) + 1;
+        m_cursor.line = 1 + static_cast<int>(std::count(text.begin(), text.begin() + mark, '\n'));
+        m_cursor.column
+            = static_cast<int>(mark - (lineStart == std::string::npos || mark == 0 ? 0 : lineStart + 1)) + 1;
         m_tokens = stratagem::Tokenize(text + "\n");  // as the document store does
-        return ContextAt(m_tokens, cursor);
+        return ContextAt(m_tokens, m_cursor);
     }
     static std::vector<stratagem::Token> m_tokens;
+    static Cursor m_cursor;
 };
 std::vector<stratagem::Token> Context::m_tokens;
+Cursor Context::m_cursor;
 
 TEST_F(Context, FindsThePlaceOfTheCursor)
 {
-    struct Row
-    {
-        char const *text;
-        Place place;
-        char const *function;  // for arguments
-        int argument;
-        char const *prefix;
-    };
-    Row const rows[] = {
-        {"(|", Place::Command, "", -1, ""},
-        {"(def|", Place::Command, "", -1, "def"},
-        {"(defrule (|", Place::Condition, "", -1, ""},
-        {"(defrule (food|", Place::Condition, "", -1, "food"},
+    // Rows: text, place, function (for arguments), argument, prefix.
+    // clang-format off
+    std::tuple<char const *, Place, char const *, int, char const *> const rows[] = {
+        {"(|", Place::Command, "", -1, ""}, {"(def|", Place::Command, "", -1, "def"},
+        {"(defrule (|", Place::Condition, "", -1, ""}, {"(defrule (food|", Place::Condition, "", -1, "food"},
         {"(defrule (true) (not (|", Place::Condition, "", -1, ""},
         {"(defrule (true) (or (true) (|)) => (train villager))", Place::Condition, "", -1, ""},
         {"(defrule (true) => (|", Place::Action, "", -1, ""},
@@ -51,48 +46,37 @@ TEST_F(Context, FindsThePlaceOfTheCursor)
         {"(defrule (food-amount < |", Place::Argument, "food-amount", 1, ""},
         {"(defrule (food-amount < 5|0) => (train villager))", Place::Argument, "food-amount", 1, "5"},
         {"(defrule (true) => (set-goal (x) |", Place::Argument, "set-goal", 1, ""},
-        {"#|", Place::Directive, "", -1, ""},
-        {"#load-if-defined |", Place::Define, "", -1, ""},
-        {"#load-if-not-defined GI|", Place::Define, "", -1, "GI"},
-        {"(load \"|\")", Place::LoadString, "", -1, ""},
+        {"#|", Place::Directive, "", -1, ""}, {"#load-if-defined |", Place::Define, "", -1, ""},
+        {"#load-if-not-defined GI|", Place::Define, "", -1, "GI"}, {"(load \"|\")", Place::LoadString, "", -1, ""},
         {"(load \"sub/ma|in\")", Place::LoadString, "", -1, "sub/ma"},
         {"(load-random 50 \"a|\" \"b\")", Place::LoadString, "", -1, "a"},
-        {"(load \"unterminated|", Place::LoadString, "", -1, "unterminated"},
-        {"|", Place::Nothing, "", -1, ""},
-        {"(defrule (true) => (train villager))|", Place::Nothing, "", -1, ""},
-        {"; (|", Place::Nothing, "", -1, ""},
+        {"(load \"unterminated|", Place::LoadString, "", -1, "unterminated"}, {"|", Place::Nothing, "", -1, ""},
+        {"(defrule (true) => (train villager))|", Place::Nothing, "", -1, ""}, {"; (|", Place::Nothing, "", -1, ""},
         {"(defrule (true) => (unknown-action |", Place::Nothing, "", -1, ""},
-        {"(defconst x \"a|\")", Place::Nothing, "", -1, ""},
-    };
-    for (Row const &row : rows) {
-        CursorContext const context = At(row.text);
-        EXPECT_EQ(row.place, context.place) << row.text;
-        EXPECT_EQ(row.prefix, context.prefix) << row.text;
-        if (row.place == Place::Argument) {
-            EXPECT_EQ(AI_Symbol(row.function), context.function) << row.text;
-            EXPECT_EQ(row.argument, context.argument) << row.text;
+        {"(defconst x \"a|\")", Place::Nothing, "", -1, ""}};
+    // clang-format on
+    for (auto const &[text, place, function, argument, prefix] : rows) {
+        CursorContext const context = At(text);
+        EXPECT_EQ(place, context.place) << text;
+        EXPECT_EQ(prefix, context.prefix) << text;
+        if (place == Place::Argument) {
+            EXPECT_EQ(AI_Symbol(function), context.function) << text;
+            EXPECT_EQ(argument, context.argument) << text;
         }
     }
 }
 
 TEST_F(Context, FindsTheTokenUnderTheCursor)
 {
-    struct Row
-    {
-        char const *text;
-        char const *token;  // "" for none
-    };
-    Row const rows[]
+    // Rows: text, token ("" for none).
+    std::pair<char const *, char const *> const rows[]
         = {{"(|train villager)", "train"},    {"(tra|in villager)", "train"}, {"(train| villager)", "train"},
            {"(train |villager)", "villager"}, {"(train  |  villager)", ""},   {"|", ""},
            {"(load |\"x\")", "\"x\""}};
-    for (Row const &row : rows) {
-        std::string text = row.text;
-        std::size_t const mark = text.find('|');
-        text.erase(mark, 1);
-        std::vector<stratagem::Token> const tokens = stratagem::Tokenize(text);
-        stratagem::Token const *token = TokenAt(tokens, Cursor {1, static_cast<int>(mark) + 1});
-        EXPECT_EQ(std::string(row.token), token ? token->text : "") << row.text;
+    for (auto const &[text, expectedToken] : rows) {
+        At(text);
+        stratagem::Token const *token = TokenAt(m_tokens, m_cursor);
+        EXPECT_EQ(std::string(expectedToken), token ? token->text : "") << text;
     }
 }
 

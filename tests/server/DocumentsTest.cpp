@@ -1,11 +1,8 @@
 // The document store: changes of one didChange applied in order, whole-text
 // changes, reopening, and what the checker reads through it.
-#include <unistd.h>
-
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 
 #include "ServerTestSupport.h"
 #include "server/Documents.h"
@@ -21,27 +18,20 @@ ContentChange Edit(int line, int from, int toLine, int to, std::string text)
 
 TEST(Documents, AppliesChangesInOrder)
 {
-    struct Row
-    {
-        char const *name;
-        std::string before;
-        std::vector<ContentChange> changes;
-        std::string after;
-    };
-    Row const rows[] = {
+    std::tuple<char const *, std::string, std::vector<ContentChange>, std::string> const rows[] = {
         {"typing a word", "(defrule\n    (tr", {Edit(1, 7, 1, 7, "a"), Edit(1, 8, 1, 8, "in")}, "(defrule\n    (train"},
         {"each change sees the one before", "abc", {Edit(0, 0, 0, 1, "xy"), Edit(0, 2, 0, 3, "Z")}, "xyZc"},
         {"whole text, then a range", "old", {{std::nullopt, "new\ntext"}, Edit(1, 0, 1, 4, "line")}, "new\nline"},
         {"joining lines", "a\r\nb\r\nc", {Edit(0, 1, 2, 0, " ")}, "a c"},
         {"after an astral character", "\xF0\x9F\x98\x80x", {Edit(0, 2, 0, 3, "y")}, "\xF0\x9F\x98\x80y"},
     };
-    for (Row const &row : rows) {
+    for (auto const &[name, before, changes, after] : rows) {
         DocumentStore store;
         std::string const uri = "file:///w/a.per";
-        ASSERT_TRUE(store.Open(uri, row.before, 1));
-        ASSERT_TRUE(store.Change(uri, 2, row.changes));
-        EXPECT_EQ(row.after, store.Find(uri)->text.Content()) << row.name;
-        EXPECT_EQ(2, store.Find(uri)->version) << row.name;
+        ASSERT_TRUE(store.Open(uri, before, 1));
+        ASSERT_TRUE(store.Change(uri, 2, changes));
+        EXPECT_EQ(after, store.Find(uri)->text.Content()) << name;
+        EXPECT_EQ(2, store.Find(uri)->version) << name;
     }
 }
 
@@ -70,22 +60,16 @@ TEST(Documents, TracksOpenDocumentsByPath)
 // Closed files come from the disk, but never a directory or a device.
 TEST(Documents, ReadsOnlyRegularFilesFromDisk)
 {
-    struct Row
-    {
-        std::string name;
-        bool read;
-        int error;
-    };
-    Row const rows[] = {{servertest::DataPath("strategy/rules.per"), true, 0},
-                        {servertest::DataPath("strategy"), false, EISDIR},
-                        {"/dev/null", false, EINVAL},
-                        {servertest::DataPath("no-such-file.per"), false, ENOENT}};
+    std::tuple<std::string, bool, int> const rows[] = {{servertest::DataPath("strategy/rules.per"), true, 0},
+                                                       {servertest::DataPath("strategy"), false, EISDIR},
+                                                       {"/dev/null", false, EINVAL},
+                                                       {servertest::DataPath("no-such-file.per"), false, ENOENT}};
     DocumentStore const store;
-    for (Row const &row : rows) {
+    for (auto const &[name, read, expectedError] : rows) {
         std::string bytes;
         int error = 0;
-        EXPECT_EQ(row.read, store.Read(row.name, bytes, error)) << row.name;
-        EXPECT_EQ(row.error, error) << row.name;
+        EXPECT_EQ(read, store.Read(name, bytes, error)) << name;
+        EXPECT_EQ(expectedError, error) << name;
     }
 }
 
@@ -94,29 +78,23 @@ TEST(Documents, ReadsOnlyRegularFilesFromDisk)
 // fall within the same timestamp tick.
 TEST(Documents, ReadsAFileAgainOnceRewritten)
 {
-    namespace fs = std::filesystem;
-    fs::path const path = fs::temp_directory_path() / ("stratagem-documents-" + std::to_string(getpid()) + ".per");
-    auto const write = [&](char const *text) { std::ofstream(path, std::ios::binary) << text; };
+    ScratchDir const dir;
+    std::string const path = dir.Write("a.per", "(a)");
+    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(1));
     DocumentStore const store;
     auto const read = [&] {
         std::string bytes;
         int error = 0;
-        EXPECT_TRUE(store.Read(path.string(), bytes, error));
-        return bytes;
+        return store.Read(path, bytes, error) ? bytes : "error " + std::to_string(error);
     };
-    write("(a)");
-    fs::last_write_time(path, fs::last_write_time(path) - std::chrono::hours(1));
-    EXPECT_EQ("(a)", read());
-    EXPECT_EQ("(a)", read());
-    write("(b)");
-    EXPECT_EQ("(b)", read());
-    write("(c)");
-    EXPECT_EQ("(c)", read());
-    fs::remove(path);
-    std::string bytes;
-    int error = 0;
-    EXPECT_FALSE(store.Read(path.string(), bytes, error));
-    EXPECT_EQ(ENOENT, error);
+    std::vector<std::string> seen = {read(), read()};
+    for (char const *text : {"(b)", "(c)"}) {
+        dir.Write("a.per", text);
+        seen.push_back(read());
+    }
+    std::filesystem::remove(path);
+    seen.push_back(read());
+    EXPECT_EQ((std::vector<std::string> {"(a)", "(a)", "(b)", "(c)", "error " + std::to_string(ENOENT)}), seen);
 }
 
 }  // namespace

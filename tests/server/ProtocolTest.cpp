@@ -21,16 +21,17 @@ Json Envelope(Json const &fields)
     return message;
 }
 
+// The messages of a session that sends the bytes, then a probe request.
+std::vector<Json> Probed(bool initialized, std::string const &bytes)
+{
+    Session session;
+    if (initialized)
+        session.Initialize();
+    return session.Raw(bytes).Request(kProbe, initialized ? "shutdown" : "initialize").Run();
+}
+
 TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
 {
-    struct Row
-    {
-        char const *name;
-        bool initialized;
-        std::string raw;  // the broken message, framed or not
-        Json expectedId;  // of the error response
-        int expectedCode;
-    };
     auto const frame = [](std::string const &body) { return servertest::Frame(body); };
     // A framed request with id 5.
     auto const call = [](char const *method, Json params) {
@@ -39,7 +40,8 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
     auto const at = [](Json position) {
         return Json {{"textDocument", {{"uri", "file:///x.per"}}}, {"position", position}};
     };
-    Row const rows[] = {
+    // Name, initialized first, the broken message (framed or not), the id and code of the error response.
+    std::tuple<char const *, bool, std::string, Json, int> const rows[] = {
         {"body not JSON", true, frame("{\"jsonrpc\": \"2.0\", "), nullptr, -32700},
         {"body not UTF-8", true, frame("{\"a\": \"\xFF\"}"), nullptr, -32700},
         {"empty body", true, frame(""), nullptr, -32700},
@@ -68,35 +70,26 @@ TEST_F(Protocol, AnswersBrokenMessagesAndGoesOn)
         {"request before initialize", false, frame(Envelope({{"id", 5}, {"method", "textDocument/hover"}}).dump()), 5,
          -32002},
     };
-    for (Row const &row : rows) {
-        Session session;
-        if (row.initialized)
-            session.Initialize();
-        session.Raw(row.raw).Request(kProbe, row.initialized ? "shutdown" : "initialize", Json::object());
-        std::vector<Json> const messages = session.Run();
+    for (auto const &[name, initialized, raw, id, code] : rows) {
+        SCOPED_TRACE(name);
+        std::vector<Json> const messages = Probed(initialized, raw);
         Json error;
         for (Json const &message : messages)
             if (message.contains("error"))
                 error = message;
-        ASSERT_FALSE(error.is_null()) << row.name;
-        EXPECT_EQ(row.expectedId, error["id"]) << row.name;
-        EXPECT_EQ(row.expectedCode, error["error"]["code"]) << row.name;
-        EXPECT_TRUE(error["error"]["message"].is_string()) << row.name;
-        Json const probe = ResponseTo(messages, kProbe);
-        EXPECT_TRUE(probe.contains("result")) << row.name << ": the server did not go on";
+        ASSERT_FALSE(error.is_null());
+        EXPECT_EQ(id, error["id"]);
+        EXPECT_EQ(code, error["error"]["code"]);
+        EXPECT_TRUE(error["error"]["message"].is_string());
+        EXPECT_TRUE(ResponseTo(messages, kProbe).contains("result")) << "the server did not go on";
     }
 }
 
 // Notifications never get a response, whatever their state or method.
 TEST_F(Protocol, DropsNotificationsQuietly)
 {
-    struct Row
-    {
-        char const *name;
-        bool initialized;
-        Json notification;
-    };
-    Row const rows[] = {
+    std::tuple<char const *, bool, Json> const rows[] = {
+        // name, initialized first, the notification
         {"cancel", true, Envelope({{"method", "$/cancelRequest"}, {"params", {{"id", 3}}}})},
         {"progress", true, Envelope({{"method", "$/progress"}, {"params", Json::object()}})},
         {"unknown", true, Envelope({{"method", "foo/bar"}})},
@@ -104,15 +97,12 @@ TEST_F(Protocol, DropsNotificationsQuietly)
         {"invalid params", true, Envelope({{"method", "textDocument/didChange"}, {"params", {{"x", 1}}}})},
         {"a response from the client", true, Envelope({{"id", 7}, {"result", nullptr}})},
     };
-    for (Row const &row : rows) {
-        Session session;
-        if (row.initialized)
-            session.Initialize();
-        session.Send(row.notification).Request(kProbe, row.initialized ? "shutdown" : "initialize");
-        for (Json const &message : session.Run()) {
-            EXPECT_FALSE(message.contains("error")) << row.name << ": " << message.dump();
+    for (auto const &[name, initialized, notification] : rows) {
+        SCOPED_TRACE(name);
+        for (Json const &message : Probed(initialized, servertest::Frame(notification.dump()))) {
+            EXPECT_FALSE(message.contains("error")) << message.dump();
             if (message.value("method", "") == "window/showMessage") {
-                EXPECT_EQ("invalid params", row.name) << message.dump();
+                EXPECT_STREQ("invalid params", name) << message.dump();
             }
         }
     }
@@ -120,28 +110,20 @@ TEST_F(Protocol, DropsNotificationsQuietly)
 
 TEST_F(Protocol, EndsWithTheStatusOfItsShutdown)
 {
-    struct Row
-    {
-        char const *name;
-        bool shutdown;
-        bool exit;
-        int status;
-    };
-    Row const rows[] = {{"shutdown then exit", true, true, 0},
-                        {"exit alone", false, true, 1},
-                        {"input ends", false, false, 1},
-                        {"input ends after shutdown", true, false, 1}};
-    for (Row const &row : rows) {
+    // Shutdown sent, exit sent, the status.
+    std::tuple<bool, bool, int> const rows[] = {{true, true, 0}, {false, true, 1}, {false, false, 1}, {true, false, 1}};
+    for (auto const &[shutdown, exit, status] : rows) {
+        SCOPED_TRACE(testing::Message() << "shutdown " << shutdown << ", exit " << exit);
         Session session;
         session.Initialize();
-        if (row.shutdown)
+        if (shutdown)
             session.Request(1, "shutdown");
-        if (row.exit)
+        if (exit)
             session.Notify("exit");
         session.Request(2, "shutdown");  // after exit nothing is read
         std::vector<Json> const messages = session.Run();
-        EXPECT_EQ(row.status, session.Status()) << row.name;
-        EXPECT_EQ(row.exit, ResponseTo(messages, 2).is_null()) << row.name;
+        EXPECT_EQ(status, session.Status());
+        EXPECT_EQ(exit, ResponseTo(messages, 2).is_null());
     }
 }
 

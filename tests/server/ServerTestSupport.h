@@ -36,18 +36,6 @@ inline std::string ReadFile(std::string const &path)
     return text.str();
 }
 
-// Every message the server wrote, parsed.
-inline std::vector<Json> ParseOutput(std::string const &output)
-{
-    std::istringstream in(output);
-    stratagem::server::MessageReader reader(in);
-    std::vector<Json> messages;
-    std::string body;
-    while (reader.Next(body) == stratagem::server::ReadStatus::Message)
-        messages.push_back(Json::parse(body));
-    return messages;
-}
-
 // The built-in vocabulary registered around each test.
 using Vocabulary = ObjectsTest;
 
@@ -87,14 +75,18 @@ public:
     }
     Session &OpenFromDisk(std::string const &name) { return Open(name, ReadFile(DataPath(name))); }
 
-    // Runs the server over everything queued; the messages it wrote.
+    // Runs the server over everything queued; the messages it wrote, parsed.
     std::vector<Json> Run(stratagem::server::ReadLimits limits = {})
     {
         std::istringstream in(m_input);
         std::ostringstream out;
-        stratagem::server::Server server(out, limits);
-        m_status = server.Run(in);
-        return ParseOutput(out.str());
+        m_status = stratagem::server::Server(out, limits).Run(in);
+        std::istringstream written(out.str());
+        stratagem::server::MessageReader reader(written);
+        std::vector<Json> messages;
+        for (std::string body; reader.Next(body) == stratagem::server::ReadStatus::Message;)
+            messages.push_back(Json::parse(body));
+        return messages;
     }
     int Status() const { return m_status; }
 

@@ -16,63 +16,39 @@ std::string const kMixed = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z";
 TEST(Text, ConvertsBetweenUnitsAndBytes)
 {
     Text const text("(x)\n" + kMixed + "\r\nlast");
-    struct Row
-    {
-        Position position;
-        std::size_t offset;  // from the start of the text
-    };
-    Row const rows[] = {
+    // Rows: position, offset (from the start of the text).
+    std::pair<Position, std::size_t> const rows[] = {
         {{0, 0}, 0},  {{0, 3}, 3},  {{0, 99}, 3},                              // past the end of a line: its end
         {{1, 0}, 4},  {{1, 1}, 5},  {{1, 2}, 7},  {{1, 3}, 10}, {{1, 4}, 10},  // inside the surrogate pair: its start
         {{1, 5}, 14}, {{1, 6}, 15}, {{1, 7}, 15},                              // CR LF is not part of the line
         {{2, 0}, 17}, {{2, 4}, 21}, {{9, 0}, 21},                              // past the last line: the end
     };
-    for (Row const &row : rows) {
-        EXPECT_EQ(row.offset, text.Offset(row.position)) << row.position.line << ":" << row.position.character;
-    }
-    struct Back
-    {
-        std::size_t offset;
-        Position position;
-    };
-    Back const backs[]
+    for (auto const &[position, offset] : rows)
+        EXPECT_EQ(offset, text.Offset(position)) << position.line << ":" << position.character;
+    std::pair<std::size_t, Position> const backs[]
         = {{0, {0, 0}}, {5, {1, 1}}, {7, {1, 2}}, {14, {1, 5}}, {15, {1, 6}}, {17, {2, 0}}, {99, {2, 4}}};
-    for (Back const &back : backs) {
-        Position const position = text.PositionAt(back.offset);
-        EXPECT_EQ(back.position.line, position.line) << back.offset;
-        EXPECT_EQ(back.position.character, position.character) << back.offset;
+    for (auto const &[offset, expectedPosition] : backs) {
+        Position const position = text.PositionAt(offset);
+        EXPECT_EQ(expectedPosition.line, position.line) << offset;
+        EXPECT_EQ(expectedPosition.character, position.character) << offset;
     }
 }
 
 TEST(Text, CountsLinesOfEveryTerminator)
 {
-    struct Row
-    {
-        std::string content;
-        int lines;
-        std::string lastLine;
-    };
-    Row const rows[]
+    std::tuple<std::string, int, std::string> const rows[]
         = {{"", 1, ""},       {"a", 1, "a"},  {"a\n", 2, ""},         {"a\r\nb", 2, "b"},    {"a\rb\rc", 3, "c"},
            {"\n\n\n", 4, ""}, {"a\r", 2, ""}, {"x\r\n\r\ny", 3, "y"}, {"a\nbb\n\nc", 4, "c"}};
-    for (Row const &row : rows) {
-        Text const text(row.content);
-        EXPECT_EQ(row.lines, text.LineCount()) << row.content;
-        EXPECT_EQ(row.lastLine, text.Line(text.LineCount() - 1)) << row.content;
+    for (auto const &[content, lines, lastLine] : rows) {
+        Text const text(content);
+        EXPECT_EQ(lines, text.LineCount()) << content;
+        EXPECT_EQ(lastLine, text.Line(text.LineCount() - 1)) << content;
     }
 }
 
 TEST(Text, AppliesRangeEdits)
 {
-    struct Row
-    {
-        char const *name;
-        std::string before;
-        TextRange range;
-        std::string replacement;
-        std::string after;
-    };
-    Row const rows[] = {
+    std::tuple<char const *, std::string, TextRange, std::string, std::string> const rows[] = {
         {"insert", "(a b)", {{0, 3}, {0, 3}}, "x ", "(a x b)"},
         {"delete across lines", "one\ntwo\nthree", {{0, 2}, {2, 1}}, "", "onhree"},
         {"replace after a wide character", kMixed, {{0, 3}, {0, 5}}, "!", "a\xC3\xA9\xE2\x82\xAC!z"},
@@ -81,12 +57,12 @@ TEST(Text, AppliesRangeEdits)
         {"reversed range", "abcdef", {{0, 4}, {0, 1}}, "-", "a-ef"},
         {"whole line with CR LF", "a\r\nb\r\nc", {{1, 0}, {2, 0}}, "", "a\r\nc"},
     };
-    for (Row const &row : rows) {
-        Text text(row.before);
-        text.Replace(row.range, row.replacement);
-        EXPECT_EQ(row.after, text.Content()) << row.name;
+    for (auto const &[name, before, range, replacement, after] : rows) {
+        Text text(before);
+        text.Replace(range, replacement);
+        EXPECT_EQ(after, text.Content()) << name;
         // The line index follows the edit.
-        EXPECT_EQ(Text(row.after).LineCount(), text.LineCount()) << row.name;
+        EXPECT_EQ(Text(after).LineCount(), text.LineCount()) << name;
     }
 }
 

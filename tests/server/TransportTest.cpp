@@ -38,13 +38,7 @@ std::vector<std::string> ReadAll(std::string const &input, ReadLimits limits = {
 
 TEST(Transport, ReadsFramedMessagesAndRecoversFromMalformedHeaders)
 {
-    struct Row
-    {
-        char const *name;
-        std::string input;
-        std::vector<std::string> expected;
-    };
-    Row const rows[] = {
+    std::tuple<char const *, std::string, std::vector<std::string>> const rows[] = {
         {"one", Frame("{}"), {"msg:{}"}},
         {"two back to back", Frame("[1]") + Frame("{\"a\":2}"), {"msg:[1]", "msg:{\"a\":2}"}},
         {"content type",
@@ -68,8 +62,8 @@ TEST(Transport, ReadsFramedMessagesAndRecoversFromMalformedHeaders)
         {"body glued to the next header", "Content-Length: x\r\n\r\n{\"a\":1}" + Frame("[]"), {"bad-header", "msg:[]"}},
         {"garbage to the end", "Content-Length: x\r\n\r\nno more", {"bad-header"}},
     };
-    for (Row const &row : rows)
-        EXPECT_EQ(row.expected, ReadAll(row.input)) << row.name;
+    for (auto const &[name, input, expected] : rows)
+        EXPECT_EQ(expected, ReadAll(input)) << name;
 }
 
 TEST(Transport, BoundsHeaderAndBody)

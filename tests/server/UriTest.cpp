@@ -9,12 +9,7 @@ namespace {
 
 TEST(Uri, ConvertsFileUris)
 {
-    struct Row
-    {
-        std::string uri;
-        std::string path;
-    };
-    Row const rows[] = {
+    std::pair<std::string, std::string> const rows[] = {
         {"file:///home/a/main.per", "/home/a/main.per"},
         {"file:///home/a%20b/m%C3%A9.per", "/home/a b/m\xC3\xA9.per"},
         {"file://localhost/x.per", "/x.per"},
@@ -26,8 +21,8 @@ TEST(Uri, ConvertsFileUris)
         {"file:///nul%00.per", ""},
         {"", ""},
     };
-    for (Row const &row : rows)
-        EXPECT_EQ(row.path, UriToPath(row.uri)) << row.uri;
+    for (auto const &[uri, path] : rows)
+        EXPECT_EQ(path, UriToPath(uri)) << uri;
 }
 
 TEST(Uri, RoundTripsPaths)
@@ -39,16 +34,12 @@ TEST(Uri, RoundTripsPaths)
 
 TEST(Uri, NormalisesPaths)
 {
-    struct Row
-    {
-        std::string path, base, normal;
-    };
-    Row const rows[] = {
+    std::tuple<std::string, std::string, std::string> const rows[] = {
         {"/a/./b//c.per", "", "/a/b/c.per"},       {"/a/b/../c.per", "", "/a/c.per"},        {"/../x", "", "/x"},
         {"sub/x.per", "/root", "/root/sub/x.per"}, {"../x.per", "/root/dir", "/root/x.per"}, {"/", "", "/"},
     };
-    for (Row const &row : rows)
-        EXPECT_EQ(row.normal, NormalPath(row.path, row.base)) << row.path;
+    for (auto const &[path, base, normal] : rows)
+        EXPECT_EQ(normal, NormalPath(path, base)) << path;
     EXPECT_EQ("/a", DirectoryOf("/a/b.per"));
     EXPECT_EQ("", DirectoryOf("b.per"));
 }

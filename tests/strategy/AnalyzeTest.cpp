@@ -1,41 +1,13 @@
-// Analysis of strategies from script files on disk: the order in which files
-// are read, loads and random loads, blocks kept in the tree, self-loading
-// files and failures.
-#include <stdlib.h>
-
-#include <filesystem>
-#include <fstream>
-
+// Analysis of strategies from script files on disk when it fails: what was
+// read before the failure stays.
 #include "../objects/TestSupport.h"
 #include "parser/AI_CException.h"
-#include "parser/AI_CParser.h"
-#include "platform/crt.h"
 
 namespace {
 
 class Analyze : public ObjectsTest
 {
 protected:
-    void SetUp() override
-    {
-        ObjectsTest::SetUp();
-        std::string strTemplate = testing::TempDir() + "stratagem-analyze-XXXXXX";
-        ASSERT_NE(nullptr, mkdtemp(&strTemplate[0]));
-        m_strDir = strTemplate + "/";
-    }
-    void TearDown() override
-    {
-        std::filesystem::remove_all(m_strDir);
-        ObjectsTest::TearDown();
-    }
-
-    // Writes a script file into the test's directory; answers its path.
-    std::string Write(char const *pszName, char const *pszText)
-    {
-        std::ofstream(m_strDir + pszName) << pszText;
-        return m_strDir + pszName;
-    }
-
     // A strategy on the main file with the extra files, analysed; answers the
     // exception's run-time class, or null.
     CRuntimeClass *Run(std::string const &strMain, std::initializer_list<std::string> extras = {})
@@ -43,11 +15,6 @@ protected:
         m_pStrategy.reset(new AI_CStrategy("s", strMain.c_str(), DefaultSettings()));
         for (std::string const &strExtra : extras)
             m_pStrategy->AddFilename(strExtra.c_str());
-        return Again();
-    }
-
-    CRuntimeClass *Again()
-    {
         try {
             m_pStrategy->Analyze();
         } catch (CException *pException) {
@@ -61,13 +28,7 @@ protected:
     AI_CCommandList *List(std::string const &strPath) const { return m_pStrategy->CommandList(strPath.c_str()); }
     std::vector<int> Values(char const *pszConstant) const { return ::Values(*m_pStrategy, AI_Symbol(pszConstant)); }
 
-    // The commands of the file's list, in order.
-    std::vector<AI_CObject *> CommandsOf(std::string const &strPath) const
-    {
-        return List(strPath) ? Children(*List(strPath)) : std::vector<AI_CObject *> {};
-    }
-
-    std::string m_strDir;
+    ScratchDir const m_dir;
     std::unique_ptr<AI_CStrategy> m_pStrategy;
 };
 
@@ -75,9 +36,9 @@ protected:
 
 TEST_F(Analyze, AnErrorEndsTheAnalysisAndKeepsWhatWasReadBefore)
 {
-    std::string strA = Write("a.per", "(defconst ca 1)\n");
-    std::string strB = Write("b.per", "(defconst cb 2)\n(defrule\n");
-    std::string strMain = Write("m.per", "(defconst cm 3)\n");
+    std::string strA = m_dir.Write("a.per", "(defconst ca 1)\n");
+    std::string strB = m_dir.Write("b.per", "(defconst cb 2)\n(defrule\n");
+    std::string strMain = m_dir.Write("m.per", "(defconst cm 3)\n");
     EXPECT_EQ(RUNTIME_CLASS(AI_CParseException), Run(strMain, {strA, strB}));
     EXPECT_NE(nullptr, List(strA));
     EXPECT_EQ(std::vector<int> {1}, Values("ca"));
@@ -92,9 +53,10 @@ TEST_F(Analyze, AnErrorEndsTheAnalysisAndKeepsWhatWasReadBefore)
     EXPECT_EQ(1, m_pStrategy->GetCommandLists().GetCount());
 
     // A missing loaded file leaves its load unloaded.
-    std::string strLoads = Write("l.per", "(defconst c 1)\n(load \"missing\")\n");
+    std::string strLoads = m_dir.Write("l.per", "(defconst c 1)\n(load \"missing\")\n");
     EXPECT_EQ(RUNTIME_CLASS(CFileException), Run(strLoads));
-    std::vector<AI_CObject *> commands = CommandsOf(strLoads);
+    ASSERT_NE(nullptr, List(strLoads));
+    std::vector<AI_CObject *> commands = Children(*List(strLoads));
     ASSERT_EQ(2u, commands.size());
     EXPECT_EQ(0, static_cast<AI_CCommand *>(commands[1])->IsLoaded());
     EXPECT_EQ(std::vector<int> {1}, Values("c"));

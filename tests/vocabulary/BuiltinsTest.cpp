@@ -64,44 +64,24 @@ TEST_F(Builtins, NamesAreUniqueAndRoundTrip)
     EXPECT_EQ(110u + 54 + 66 + 547, names.size());
 }
 
-TEST_F(Builtins, SelectedWordsAndSignatures)
+// The words are the game's, spelling slips included; every signature
+// answers its own SID and name. (What the words mean is pinned through the
+// sample strategy and the check's hints.)
+TEST_F(Builtins, WordsAreSpelledAsTheGameHasThemAndSignaturesMatchTheirWords)
 {
     RegisterBuiltins();
-    std::pair<char const *, unsigned int> const words[] = {{"true", 300},
-                                                           {"cc-players-unit-type-count", 473},
-                                                           {"chat-local-to-self", 503},
-                                                           {"do-nothing", 600},
-                                                           {"DEATH-MATCH", 100},
-                                                           {"POPULATION-CAP-200", 187},
-                                                           {"VIKING-CIV", 223},
-                                                           {"kills", 1100},
-                                                           {"my-player-number", 2216},
-                                                           {"not-equal", 2305},
-                                                           {"my-unique-unit-upgrade", 2570},
-                                                           {"sn-allow-diplomacy-change-on-tribut", 2962},
-                                                           {"my-unique-unit-line", 3152},
-                                                           {"this-any-neutral", 3410}};
-    for (auto const &word : words) {
-        EXPECT_EQ(word.second, AI_Symbol(word.first)) << word.first;
-        EXPECT_EQ(word.first, Name(word.second));
-    }
+    EXPECT_EQ(2962u, AI_Symbol("sn-allow-diplomacy-change-on-tribut"));
     for (char const *absent : {"sn-allow-diplomacy-change-on-tribute", "population-cap-200", "Equal", "TRUE", ""})
         EXPECT_EQ(0u, AI_Symbol(absent)) << absent;
     EXPECT_EQ("", Name(2807));  // gaps among the strategic numbers
     EXPECT_EQ("", Name(2955));
-
-    std::pair<unsigned int, std::vector<int>> const signatures[] = {
-        {300, {}}, {396, {1, 2}},  {471, {16, 33, 1, 2}}, {459, {16, 1, 18}},  {312, {16, 37}}, {310, {11, 12}},
-        {600, {}}, {613, {21, 2}}, {561, {16, 10, 2}},    {515, {16, 26, 27}}, {520, {29, 30}}, {609, {28, 2}},
-    };
-    for (auto const &signature : signatures) {
-        unsigned int const sid = signature.first;
-        AI_CFunction const *function = sid < 500 ? AI_Fact(sid) : AI_Action(sid);
-        ASSERT_NE(nullptr, function) << sid;
-        EXPECT_EQ(sid, function->GetSID());
-        EXPECT_EQ(Name(sid), function->GetName());
-        EXPECT_EQ(signature.second, Params(*function)) << sid;
-    }
+    for (unsigned int sid = 0; sid < 5000; ++sid)
+        for (AI_CFunction const *function : {AI_Fact(sid), AI_Action(sid)})
+            if (function) {
+                EXPECT_EQ(sid, function->GetSID());
+                EXPECT_EQ(Name(sid), function->GetName());
+            }
+    EXPECT_EQ((std::vector<int> {16, 33, 1, 2}), Params(*AI_Fact(471)));
 }
 
 TEST_F(Builtins, RegisteringAgainRestoresWithoutDuplicating)

@@ -18,22 +18,19 @@ TEST_F(Constants, CounterStartsAt4001InAFreshProcess)
                 testing::ExitedWithCode(0), "");
 }
 
+// Neither deleting the last constant nor emptying the tables gives a SID back.
 TEST_F(Constants, CounterIsNeverReset)
 {
     unsigned int const a = AI_AddConstant("a", 1);
+    EXPECT_EQ(1, AI_DeleteConstant(a));
     unsigned int const b = AI_AddConstant("b", 2);
-    EXPECT_EQ(a + 1, b);
-    EXPECT_EQ(1, AI_DeleteConstant(b));
-    unsigned int const c = AI_AddConstant("c", 3);
-    EXPECT_EQ(b + 1, c);
     AI_DeleteConstants();
-    unsigned int const d = AI_AddConstant("d", 4);
-    EXPECT_EQ(c + 1, d);
+    unsigned int const c = AI_AddConstant("c", 3);
     AI_DeleteAll();
-    unsigned int const e = AI_AddConstant("e", 5);
-    EXPECT_EQ(d + 1, e);
-    EXPECT_EQ(1, AI_IsConstant(e));
-    EXPECT_EQ(0, AI_IsConstant(d));
+    unsigned int const d = AI_AddConstant("d", 4);
+    EXPECT_EQ((std::vector<unsigned int> {a + 1, a + 2, a + 3}), (std::vector<unsigned int> {b, c, d}));
+    EXPECT_EQ(1, AI_IsConstant(d));
+    EXPECT_EQ(0, AI_IsConstant(c));
 }
 
 TEST_F(Constants, ValuesAreKeptInOrderAndOtherSidsHaveNone)
@@ -41,11 +38,9 @@ TEST_F(Constants, ValuesAreKeptInOrderAndOtherSidsHaveNone)
     unsigned int const sid = AI_AddConstant("x", 7);
     AI_AddConstantValue(sid, 9);
     AI_AddConstantValue(sid, 2147483647);
-    EXPECT_EQ(7, AI_Constant(sid, 0));
-    EXPECT_EQ(9, AI_Constant(sid, 1));
-    EXPECT_EQ(2147483647, AI_Constant(sid, 2));
-    EXPECT_EQ(kNoValue, AI_Constant(sid, 3));
-    EXPECT_EQ(kNoValue, AI_Constant(sid, -1));
+    EXPECT_EQ((std::vector<int> {7, 9, 2147483647, kNoValue, kNoValue}),
+              (std::vector<int> {AI_Constant(sid, 0), AI_Constant(sid, 1), AI_Constant(sid, 2), AI_Constant(sid, 3),
+                                 AI_Constant(sid, -1)}));
     // The marker as a value cannot be told from a missing one.
     unsigned int const marker = AI_AddConstant("marker", kNoValue);
     EXPECT_EQ(kNoValue, AI_Constant(marker, 0));
@@ -69,32 +64,30 @@ TEST_F(Constants, SameNameTwiceGivesTwoConstants)
     unsigned int const first = AI_AddConstant("x", 1);
     unsigned int const second = AI_AddConstant("x", 2);
     EXPECT_EQ(second, AI_Symbol("x"));
-    EXPECT_EQ(1, AI_IsConstant(first));
     EXPECT_EQ("x", Name(first));
     EXPECT_EQ(1, AI_Constant(first, 0));
     EXPECT_EQ(1, AI_DeleteConstant(first));
+    EXPECT_EQ(0, AI_DeleteConstant(first));
     EXPECT_EQ(0u, AI_Symbol("x"));
     EXPECT_EQ(kNoValue, AI_Constant(first, 0));
     EXPECT_EQ(0, AI_IsConstant(first));
-    EXPECT_EQ(0, AI_DeleteConstant(first));
-    EXPECT_EQ(1, AI_IsConstant(second));
     EXPECT_EQ(2, AI_Constant(second, 0));
+    EXPECT_EQ(1, AI_IsConstant(second));
 }
 
-TEST_F(Constants, ConstantNameOverwritesAnotherKindsSymbol)
+// A constant's name takes over another kind's symbol; deleting the other
+// kind's SID then removes the symbol that now names the constant. Forgetting
+// a constant's name alone keeps its values until DeleteConstants.
+TEST_F(Constants, NamesOfConstantsAndOtherKinds)
 {
     AI_AddFact(396, "wood-amount", 1, 2);
-    unsigned int const sid = AI_AddConstant("wood-amount", 3);
-    EXPECT_EQ(sid, AI_Symbol("wood-amount"));
-    EXPECT_EQ(1, AI_IsFact(396));
-    EXPECT_EQ(1, AI_DeleteFact(396));  // removes the symbol that now names the constant
+    unsigned int const taken = AI_AddConstant("wood-amount", 3);
+    EXPECT_EQ(taken, AI_Symbol("wood-amount"));
+    EXPECT_EQ(1, AI_DeleteFact(396));
     EXPECT_EQ(0u, AI_Symbol("wood-amount"));
-    EXPECT_EQ(1, AI_IsConstant(sid));
-    EXPECT_EQ(3, AI_Constant(sid, 0));
-}
+    EXPECT_EQ(1, AI_IsConstant(taken));
+    EXPECT_EQ(3, AI_Constant(taken, 0));
 
-TEST_F(Constants, ForgettingTheNameAloneKeepsTheValuesUntilDeleteConstants)
-{
     AI_AddParam(2304, "equal");
     AI_AddParam(5000, "word-in-constant-range");  // has a name but no values
     unsigned int const sid = AI_AddConstant("x", 7);
@@ -105,6 +98,7 @@ TEST_F(Constants, ForgettingTheNameAloneKeepsTheValuesUntilDeleteConstants)
     unsigned int const other = AI_AddConstant("y", 8);
     AI_DeleteConstants();
     EXPECT_EQ(kNoValue, AI_Constant(sid, 0));
+    EXPECT_EQ(kNoValue, AI_Constant(taken, 0));
     EXPECT_EQ(0u, AI_Symbol("y"));
     EXPECT_EQ(0, AI_IsConstant(other));
     EXPECT_EQ(2304u, AI_Symbol("equal"));

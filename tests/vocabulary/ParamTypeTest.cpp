@@ -12,24 +12,19 @@ using ParamType = VocabularyTest;
 TEST_F(ParamType, SymbolsAcceptedOnlyInsideTheCodesRangesOnceRegistered)
 {
     // clang-format off
-    struct Row
-    {
-        int nCode;
-        unsigned int nSID;
-        int bAccepted;
-    } const rows[] = {
+    std::tuple<int, unsigned int, int> const rows[] = {
         {AI_PT_REL_OP, 2300, 1}, {AI_PT_REL_OP, 2399, 1}, {AI_PT_REL_OP, 2400, 0}, {AI_PT_REL_OP, 2299, 0},
         {AI_PT_PLAYER, 2200, 1}, {AI_PT_PLAYER, 3499, 1}, {AI_PT_PLAYER, 3399, 0}, {AI_PT_BUILDING, 1300, 1},
         {AI_PT_BUILDING, 1400, 0}, {AI_PT_RESOURCE, 2600, 1}, {AI_PT_COMMODITY, 2699, 1}, {AI_PT_VALUE, 1300, 0},
         {AI_PT_STRING, 1300, 0}, {32, 2400, 1}, {32, 1299, 1}, {32, 1300, 0}, {33, 3300, 1}, {33, 1399, 1},
         {33, 1400, 0}, {37, 1100, 0}};
     // clang-format on
-    for (Row const &row : rows)
-        EXPECT_EQ(0, AI_IsOfType(row.nCode, row.nSID)) << "unregistered " << row.nSID << " code " << row.nCode;
-    for (Row const &row : rows)
-        AI_AddParam(row.nSID, ("word-" + std::to_string(row.nSID)).c_str());
-    for (Row const &row : rows)
-        EXPECT_EQ(row.bAccepted, AI_IsOfType(row.nCode, row.nSID)) << "sid " << row.nSID << " code " << row.nCode;
+    for (auto const &[nCode, nSID, bAccepted] : rows)
+        EXPECT_EQ(0, AI_IsOfType(nCode, nSID)) << "unregistered " << nSID << " code " << nCode;
+    for (auto const &[nCode, nSID, bAccepted] : rows)
+        AI_AddParam(nSID, ("word-" + std::to_string(nSID)).c_str());
+    for (auto const &[nCode, nSID, bAccepted] : rows)
+        EXPECT_EQ(bAccepted, AI_IsOfType(nCode, nSID)) << "sid " << nSID << " code " << nCode;
 }
 
 TEST_F(ParamType, SymbolMustBeInTheNameTableNotJustTheSymbolTable)
@@ -44,18 +39,16 @@ TEST_F(ParamType, SymbolMustBeInTheNameTableNotJustTheSymbolTable)
 
 TEST_F(ParamType, IntegersAcceptedOnlyInsideTheCodesRange)
 {
-    struct Row
-    {
-        int nCode, nMin, nMax;  // nMin > nMax: no integer
-    } const rows[] = {
+    // Rows: nCode, nMin, nMax (nMin > nMax: no integer).
+    std::tuple<int, int, int> const rows[] = {
         {AI_PT_VALUE, -32768, 32767}, {12, 0, 255},         {13, 1, 40},
         {AI_PT_PLAYER, 1, 8},         {22, 1, 255},         {34, 1, 2},
         {37, -32768, 32767},          {AI_PT_REL_OP, 1, 0}, {AI_PT_STRING, 1, 0},
     };
-    for (Row const &row : rows)
-        for (int value : {INT_MIN, row.nMin - 1, row.nMin, row.nMax, row.nMax + 1, INT_MAX, 0, 1})
-            EXPECT_EQ(value >= row.nMin && value <= row.nMax ? 1 : 0, AI_IsOfType(row.nCode, value))
-                << "value " << value << " code " << row.nCode;
+    for (auto const &[nCode, nMin, nMax] : rows)
+        for (int value : {INT_MIN, nMin - 1, nMin, nMax, nMax + 1, INT_MAX, 0, 1})
+            EXPECT_EQ(value >= nMin && value <= nMax ? 1 : 0, AI_IsOfType(nCode, value))
+                << "value " << value << " code " << nCode;
 }
 
 TEST_F(ParamType, StringsAcceptedByCode24Only)
