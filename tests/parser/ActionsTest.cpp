@@ -66,7 +66,7 @@ TEST_F(ActionsTest, ConstantDefinitionsAndTheirValues)
     m_pStrategy->AddConstantValue(nLimit, 25);
     AI_CCommandList *pCommands = ParseText("(defconst a 5)\n(defconst a 7)\n(defconst b a)\n(defconst c limit)");
     std::vector<int> values;
-    for (AI_CCommand const *pCommand : Commands(pCommands))
+    for (AI_CCommand const *pCommand : CommandsOf(pCommands))
         values.push_back(static_cast<AI_CDefconstCommand const *>(pCommand)->GetValue());
     // A constant of this file has its value in the registry only; the
     // strategy's value of a constant comes first.
@@ -104,7 +104,7 @@ TEST_F(ActionsTest, ConditionsArgumentsAndActionsAreBuilt)
         EXPECT_EQ(arguments[1]->GetType(), AI_EXPR_INTEGER);
         EXPECT_EQ(arguments[1]->GetContents().nInteger, 5);
         auto const &actions
-            = static_cast<AI_CDefruleCommand const *>(Commands(pCommands)[1])->GetActions()->GetActions();
+            = static_cast<AI_CDefruleCommand const *>(CommandsOf(pCommands)[1])->GetActions()->GetActions();
         AI_CExpression const *pText = actions.GetHead()->GetExpressions()->GetExpressions().GetHead();
         ASSERT_EQ(pText->GetType(), AI_EXPR_STRING);
         EXPECT_STREQ(*pText->GetContents().pString, "hi");

@@ -114,7 +114,7 @@ TEST_F(GrammarErrorTest, TheParserStackGrowsToItsLimit)
 {
     // Deep below the limit: every level survives the moves of the stacks.
     AI_CCommandList *pCommands = ParseText(NestedNots(3000) + "\n(defconst after 7)");
-    ASSERT_EQ(Commands(pCommands).size(), 2u);
+    ASSERT_EQ(CommandsOf(pCommands).size(), 2u);
     AI_CCE const *pCE = FirstCondition(pCommands);
     int nLevels = 0;
     for (; auto const *pNot = dynamic_cast<AI_COpCE const *>(pCE); pCE = pNot->GetCE1())
@@ -125,5 +125,5 @@ TEST_F(GrammarErrorTest, TheParserStackGrowsToItsLimit)
     EXPECT_EQ(ErrorOf(NestedNots(5000)), SyntaxError(1, "parser stack overflow"));
     EXPECT_TRUE(m_pStrategy->GetCommandLists().IsEmpty());
     // The next parse starts with fresh stacks.
-    EXPECT_EQ(Commands(ParseText("(defrule (and (true) (not (false))) => (do-nothing))")).size(), 1u);
+    EXPECT_EQ(CommandsOf(ParseText("(defrule (and (true) (not (false))) => (do-nothing))")).size(), 1u);
 }

@@ -27,7 +27,7 @@ inline std::string InvalidCharacter(int nLine, std::string const &strText)
     return "main.txt(" + std::to_string(nLine) + "): Invalid character(s) encountered: '" + strText + "'.";
 }
 
-inline std::vector<AI_CCommand const *> Commands(AI_CCommandList const *pCommands)
+inline std::vector<AI_CCommand const *> CommandsOf(AI_CCommandList const *pCommands)
 {
     std::vector<AI_CCommand const *> result;
     for (POSITION position = pCommands ? pCommands->GetCommands().GetHeadPosition() : nullptr; position;)
@@ -39,7 +39,7 @@ inline std::vector<AI_CCommand const *> Commands(AI_CCommandList const *pCommand
 inline Names LoadedNames(AI_CCommandList const *pCommands)
 {
     Names result;
-    for (AI_CCommand const *pCommand : Commands(pCommands)) {
+    for (AI_CCommand const *pCommand : CommandsOf(pCommands)) {
         auto const *pLoad = dynamic_cast<AI_CLoadCommand const *>(pCommand);
         result.push_back(pLoad ? pLoad->GetFilename()->GetString() : "?");
     }
@@ -49,7 +49,7 @@ inline Names LoadedNames(AI_CCommandList const *pCommands)
 // The first condition of a command, a rule, and the arguments of a fact test.
 inline AI_CCE const *FirstCondition(AI_CCommandList const *pCommands, size_t nCommand = 0)
 {
-    auto const *pRule = dynamic_cast<AI_CDefruleCommand const *>(Commands(pCommands).at(nCommand));
+    auto const *pRule = dynamic_cast<AI_CDefruleCommand const *>(CommandsOf(pCommands).at(nCommand));
     return pRule ? pRule->GetCEs()->GetCEs().GetHead() : nullptr;
 }
 
