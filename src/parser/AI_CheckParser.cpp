@@ -36,6 +36,12 @@ bool BeginsCommand(int nFirst, int nSecond)
     return (nFirst == '(' && IsCommandKeyword(nSecond)) || (nFirst == '#' && IsOpeningDirective(nSecond));
 }
 
+// "#else" or "#end-if": where no block is open, the grammar stops there.
+bool ClosesBlock(int nFirst, int nSecond)
+{
+    return nFirst == '#' && (nSecond == TOK_D_ELSE || nSecond == TOK_D_END_IF);
+}
+
 // How a pair of tokens changes the nesting of blocks.
 int DepthChange(int nFirst, int nSecond)
 {
@@ -114,7 +120,8 @@ public:
     // the first one further on. A command inside a block is read on as if it
     // stood at the top, so that the rest of a broken block, its other branch
     // included, is checked too; the directives that close the blocks left
-    // open are passed over. Scanner errors on the way are reported too.
+    // open are passed over, and one that closes no block is read again for
+    // its error. Scanner errors on the way are reported too.
     // False at the end of the text.
     bool Resync()
     {
@@ -135,7 +142,8 @@ public:
             if (IsEnd(token.nCode))
                 return false;
             ReportScanError(token);
-            if (BeginsCommand(previous.nCode, token.nCode)) {
+            if (BeginsCommand(previous.nCode, token.nCode)
+                || (nDepth == 0 && ClosesBlock(previous.nCode, token.nCode))) {
                 Restart(previous, token, nDepth);
                 return true;
             }

@@ -32,7 +32,7 @@ TEST_F(Paths, ScannerErrorsComeInTokenOrder)
               Where(report));
 }
 
-TEST_F(Paths, AnErrorInsideABlockResumesAtTheNextCommandOfEitherBranch)
+TEST_F(Paths, AnErrorInsideABlockResumesAtTheNextCommandOfEitherBranchAndAStrayEndIsStillAnError)
 {
     stratagem::CheckReport report = Run("#load-if-defined GIANT-MAP\n"
                                         "  (defrule (tru) => (do-nothing))\n"
@@ -41,10 +41,11 @@ TEST_F(Paths, AnErrorInsideABlockResumesAtTheNextCommandOfEitherBranch)
                                         "#else\n"
                                         "  (defrule (true) => (resign 1))\n"
                                         "#end-if\n"
-                                        "(defrule (true) => (do-nothng))\n");
+                                        "(defrule (true) => (do-nothng))\n"
+                                        "#end-if\n");
     EXPECT_EQ((std::vector<std::string> {"main.per:2:13-2:15 E007", "main.per:3:43-3:46 E007",
                                          "main.per:4:29-4:32 E007", "main.per:6:23-6:28 E008",
-                                         "main.per:8:21-8:29 E007"}),
+                                         "main.per:8:21-8:29 E007", "main.per:9:2-9:7 E001"}),
               Where(report));
 }
 
