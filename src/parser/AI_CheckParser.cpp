@@ -240,7 +240,7 @@ private:
         Token token = Pull();
         while (m_nOrphans > 0 && m_nDepth == 0 && token.nCode == '#') {
             Token second = Pull();
-            if (second.nCode != TOK_D_ELSE && second.nCode != TOK_D_END_IF) {
+            if (!ClosesBlock(token.nCode, second.nCode)) {
                 m_queue.push_front(second);
                 break;
             }
