@@ -73,6 +73,7 @@ struct Fixture
     std::string editedFile;  // the largest part file: the one edited
     std::string editedText;
     int editLine = 0;  // a line holding a fact call, edited in place
+    int editLineLength = 0;
     int hoverCharacter = 0;
 
     static Fixture &Get()
@@ -107,6 +108,7 @@ private:
                 && line.find("(not") == std::string::npos && line.find("(and") == std::string::npos
                 && line.find("(or") == std::string::npos) {
                 editLine = n;
+                editLineLength = static_cast<int>(line.size());
                 hoverCharacter = static_cast<int>(line.find('(')) + 2;
                 break;
             }
@@ -140,16 +142,21 @@ public:
               {"params", {{"textDocument", {{"uri", m_uri}, {"version", 1}, {"text", fixture.editedText}}}}}});
     }
 
-    // Types one character into the edited line and takes it out again on
-    // the next call, so the text stays the same over many edits.
+    // Writes a number in a comment at the end of the edited line, a new
+    // one at every call: every edit leaves a text no check has read before,
+    // so the edited file is always read again, while the rest of the
+    // strategy stays the same.
     void Edit()
     {
         Fixture &fixture = Fixture::Get();
-        Json const at = {{"line", fixture.editLine}, {"character", 0}};
-        Json const after = {{"line", fixture.editLine}, {"character", 1}};
-        Json const change = m_typed ? Json {{"range", {{"start", at}, {"end", after}}}, {"text", ""}}
-                                    : Json {{"range", {{"start", at}, {"end", at}}}, {"text", " "}};
-        m_typed = !m_typed;
+        int const nEnd = fixture.editLineLength;
+        char number[8];
+        std::snprintf(number, sizeof number, "%06d", m_version % 1000000);
+        Json const start = {{"line", fixture.editLine}, {"character", m_commented ? nEnd + 2 : nEnd}};
+        Json const end = {{"line", fixture.editLine}, {"character", m_commented ? nEnd + 8 : nEnd}};
+        Json const change = {{"range", {{"start", start}, {"end", end}}},
+                             {"text", m_commented ? std::string(number) : std::string(" ;") + number}};
+        m_commented = true;
         Send(
             {{"method", "textDocument/didChange"},
              {"params", {{"textDocument", {{"uri", m_uri}, {"version", ++m_version}}}, {"contentChanges", {change}}}}});
@@ -176,7 +183,7 @@ private:
     std::string m_uri;
     int m_version = 1;
     int m_id = 0;
-    bool m_typed = false;
+    bool m_commented = false;  // the edited line has its comment
 };
 
 // The floor: one check of the whole strategy, which every edit needs.

@@ -58,19 +58,122 @@ bool SourceProvider::Read(std::string const &name, std::string &bytes, int &erro
     return !bFailed;
 }
 
+// A command that a path through a file follows, with what following it
+// needs. Constants go by name: their SIDs are new in every check.
+struct Step
+{
+    enum Kind
+    {
+        Defconst,
+        Load,
+        LoadRandom,
+        Block
+    };
+    Kind kind = Defconst;
+    AI_Span span {0, 0};   // the whole command
+    std::string constant;  // Defconst: the name, its value and where the name is written
+    int nValue = 0;
+    AI_Span nameSpan {0, 0};
+    std::vector<std::pair<std::string, AI_Span>> targets;  // loads: each file, with the string naming it
+    std::vector<Step> branches[2];                         // Block: the commands of either branch
+};
+
+// What reading one file gave, with nothing that points into the strategy
+// that read it: a later check takes it over while the bytes and the
+// constants visible where the file is read are the same.
+struct FileReading
+{
+    std::string bytes;        // as the source provider gave them (kept only for a cache)
+    std::string environment;  // the constants visible where it was read (likewise)
+    ScriptText text;
+    std::unique_ptr<LineMap> lines;
+    std::vector<Suppression> suppressions;
+    std::vector<AI_Span> commands;  // every command's span in text order, when suppressions need it
+    std::vector<Step> steps;
+    // The rest only for a cache: what reading the file did to the check.
+    std::vector<Diagnostic> diagnostics;                       // their load chains are the next check's own
+    FileReport report;                                         // likewise
+    std::vector<std::pair<std::string, int>> registered;       // constants it registered, in order
+    std::vector<std::pair<std::string, AI_Span>> definitions;  // each constant it defines, where the name is
+    std::vector<std::string> used;                             // constants its commands use
+};
+
+struct CheckCache::Entries
+{
+    struct Kept
+    {
+        std::shared_ptr<FileReading> reading;
+        unsigned nLastUsed = 0;
+    };
+    // A file's readings are dropped once this many checks have not used them.
+    static unsigned const kUnusedChecks = 16;
+    // Readings kept per file, the newest first: the current text, and the
+    // one before it for an edit undone.
+    static std::size_t const kPerFile = 2;
+
+    AI_GameSettings settings = AI_gsSettings;
+    bool bFileReports = true;
+    unsigned nCheck = 0;
+    std::unordered_map<std::string, std::vector<Kept>> files;
+
+    // Starts a check; readings made under other options are dropped.
+    void Begin(CheckOptions const &options)
+    {
+        if (std::memcmp(&settings, &options.settings, sizeof settings) != 0 || bFileReports != options.fileReports)
+            files.clear();
+        settings = options.settings;
+        bFileReports = options.fileReports;
+        ++nCheck;
+    }
+
+    std::shared_ptr<FileReading> Find(std::string const &name, std::string const &bytes, std::string const &environment)
+    {
+        auto found = files.find(name);
+        if (found == files.end())
+            return nullptr;
+        for (Kept &kept : found->second)
+            if (kept.reading->bytes == bytes && kept.reading->environment == environment) {
+                kept.nLastUsed = nCheck;
+                return kept.reading;
+            }
+        return nullptr;
+    }
+
+    void Keep(std::string const &name, std::shared_ptr<FileReading> reading)
+    {
+        std::vector<Kept> &kept = files[name];
+        kept.insert(kept.begin(), {std::move(reading), nCheck});
+        if (kept.size() > kPerFile)
+            kept.pop_back();
+    }
+
+    void End()
+    {
+        for (auto file = files.begin(); file != files.end();) {
+            std::vector<Kept> &kept = file->second;
+            kept.erase(std::remove_if(kept.begin(), kept.end(),
+                                      [&](Kept const &k) { return nCheck - k.nLastUsed >= kUnusedChecks; }),
+                       kept.end());
+            file = kept.empty() ? files.erase(file) : std::next(file);
+        }
+    }
+};
+
+CheckCache::CheckCache() : m_pEntries(new Entries) {}
+
+CheckCache::~CheckCache() {}
+
+void CheckCache::Clear() { m_pEntries->files.clear(); }
+
 namespace {
 
-// One file of the strategy as the check read it.
+// One file of the strategy in the check that reads it.
 struct FileState
 {
     std::string name;
-    ScriptText text;
-    std::unique_ptr<LineMap> lines;
+    std::shared_ptr<FileReading> reading;
     std::vector<LoadStep> chain;
-    AI_CCommandList *pCommands = nullptr;
-    std::size_t nReport = 0;  // its entry in the report's files
-    std::vector<Suppression> suppressions;
-    std::vector<AI_Span> commands;  // every command's span in text order, when suppressions need it
+    std::size_t nReport = 0;                                     // its entry in the report's files
     std::vector<std::pair<AI_CCommand const *, AI_Span>> names;  // the part naming each command, sorted once parsed
     bool bWalking = false;
     bool bWalked = false;
@@ -101,8 +204,11 @@ class Checker : public AI_CCheckListener
 public:
     Checker(CheckOptions const &options, CheckReport &report, std::string const &mainFile)
         : m_options(options), m_report(report), m_strategy("check", mainFile.c_str(), options.settings),
-          m_parser(&m_strategy), m_bExpandBlocks(AI_CParser::IsExpandBlocks())
+          m_parser(&m_strategy), m_bExpandBlocks(AI_CParser::IsExpandBlocks()),
+          m_pCache(options.cache ? &options.cache->GetEntries() : nullptr)
     {
+        if (m_pCache)
+            m_pCache->Begin(options);
         AI_CParser::EnableExpandBlocks(0);
         m_nFalse = AI_Symbol("false");
         m_nTrue = AI_Symbol("true");
@@ -127,6 +233,8 @@ public:
         WarnUnusedConstants();
         for (Diagnostic const &diagnostic : m_report.diagnostics)
             ++(diagnostic.severity == Severity::Error ? m_report.errors : m_report.warnings);
+        if (m_pCache)
+            m_pCache->End();
     }
 
     // ---- what the parser reports -------------------------------------
@@ -137,19 +245,19 @@ public:
         bool const bRule = pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand));
         // A rule's name matters only to outlines and to comments that
         // switch warnings off, which need every command.
-        if (!bRule || m_options.fileReports || !m_pCurrent->suppressions.empty())
+        if (!bRule || m_options.fileReports || !m_pCurrent->reading->suppressions.empty())
             m_pCurrent->names.push_back({pCommand, name});
         if (bRule) {
-            m_pendingRule = {NormalizedHash(m_pCurrent->text.text, whole), whole};
+            m_pendingRule = {NormalizedHash(m_pCurrent->reading->text.text, whole), whole};
             m_bPendingRule = true;
             if (NeverFires(static_cast<AI_CDefruleCommand *>(pCommand)))
                 m_ruleWarnings.push_back(
                     {whole, kNeverFires, "this rule can never fire: one of its conditions is always false"});
         } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
             unsigned int nSID = static_cast<AI_CDefconstCommand *>(pCommand)->GetSID();
-            NoteConstantSID(nSID);  // for hints from here on
-            if (m_definitions.insert({nSID, {m_pCurrent, name}}).second)
-                m_definitionOrder.push_back(nSID);
+            Define(nSID, name);
+            if (m_pCache)
+                m_pCurrent->reading->definitions.push_back({NameOf(nSID), name});
         }
         if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
@@ -167,9 +275,9 @@ public:
     {
         if (!AI_IsConstant(nSID))
             return;
-        if (nSID >= m_usedConstants.size())
-            m_usedConstants.resize(nSID + 1);
-        m_usedConstants[nSID] = true;
+        if (m_pCache)
+            m_usedHere.push_back(nSID);
+        Use(nSID);
         if (m_options.fileReports)
             Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
     }
@@ -208,6 +316,23 @@ private:
 
     FileReport &Report() { return m_report.files[m_pCurrent->nReport]; }
 
+    // A constant defined by a file read now or earlier: the first
+    // definition of each is where an unused constant is reported.
+    void Define(unsigned int nSID, AI_Span name)
+    {
+        NoteConstantSID(nSID);  // for hints from here on
+        if (m_definitions.insert({nSID, {m_pCurrent, name}}).second)
+            m_definitionOrder.push_back(nSID);
+    }
+
+    bool IsUsed(unsigned int nSID) const { return nSID < m_usedConstants.size() && m_usedConstants[nSID]; }
+    void Use(unsigned int nSID)
+    {
+        if (nSID >= m_usedConstants.size())
+            m_usedConstants.resize(nSID + 1);
+        m_usedConstants[nSID] = true;
+    }
+
     // Names of constants, looked up once each.
     std::string const &NameOf(unsigned int nSID)
     {
@@ -225,10 +350,10 @@ private:
                                       [](auto const &entry, AI_CCommand const *p) { return entry.first < p; });
         return found != file.names.end() && found->first == pCommand ? found->second : AI_Span {0, 0};
     }
-    Range ToRange(AI_Span span) const { return m_pCurrent->lines->ToRange(span); }
+    Range ToRange(AI_Span span) const { return m_pCurrent->reading->lines->ToRange(span); }
     std::string Source(AI_Span span) const
     {
-        std::string const &text = m_pCurrent->text.text;
+        std::string const &text = m_pCurrent->reading->text.text;
         if (span.nBegin < 0 || span.nEnd > static_cast<int>(text.size()) || span.nEnd <= span.nBegin)
             return std::string();
         return text.substr(span.nBegin, span.nEnd - span.nBegin);
@@ -236,7 +361,7 @@ private:
 
     // ---- reading files -------------------------------------------------
 
-    // The file's state, parsing it on its first visit; null when it cannot
+    // The file's state, reading it on its first visit; null when it cannot
     // be read (an E100 at the string that names it).
     FileState *Open(std::string const &name, std::vector<LoadStep> const &chain, FileState *pSite, AI_Span site)
     {
@@ -251,7 +376,7 @@ private:
             Diagnostic diagnostic = UnopenableFile(name, nError);
             if (pSite) {
                 diagnostic.file = pSite->name;
-                diagnostic.range = pSite->lines->ToRange(site);
+                diagnostic.range = pSite->reading->lines->ToRange(site);
                 diagnostic.loadedFrom = pSite->chain;
             } else {
                 diagnostic.file = name;
@@ -261,17 +386,31 @@ private:
         }
         std::unique_ptr<FileState> pFile(new FileState);
         pFile->name = name;
-        pFile->text = ReadTextMode(std::move(bytes));
-        pFile->lines.reset(new LineMap(pFile->text.text));
         pFile->chain = chain;
-        pFile->suppressions = FindSuppressions(pFile->text.text);
         pFile->nReport = m_report.files.size();
         m_report.files.push_back(FileReport());
         m_report.files.back().file = name;
         m_report.files.back().loadedFrom = chain;
         FileState *pState = pFile.get();
         m_files[name] = std::move(pFile);
+        std::string environment = m_pCache ? Environment() : std::string();
+        if (m_pCache && (pState->reading = m_pCache->Find(name, bytes, environment))) {
+            Replay(*pState);
+            ++m_report.reused;
+            return pState;
+        }
+        pState->reading = std::make_shared<FileReading>();
+        FileReading &reading = *pState->reading;
+        if (m_pCache) {
+            reading.bytes = bytes;
+            reading.environment = std::move(environment);
+        }
+        reading.text = ReadTextMode(std::move(bytes));
+        reading.lines.reset(new LineMap(reading.text.text));
+        reading.suppressions = FindSuppressions(reading.text.text);
         Parse(*pState);
+        if (m_pCache)
+            m_pCache->Keep(name, pState->reading);
         return pState;
     }
 
@@ -279,25 +418,145 @@ private:
     {
         FileState *pOuter = m_pCurrent;
         m_pCurrent = &file;
-        if (file.text.bByteOrderMark)
+        FileReading &reading = *file.reading;
+        std::size_t const nDiagnostics = m_report.diagnostics.size();
+        std::size_t const nNewConstants = m_newConstants.size();
+        if (reading.text.bByteOrderMark)
             Warn(kByteOrderMarkSkipped, "a UTF-8 byte-order mark at the start of the file is skipped", {0, 0});
         m_loadOptions.clear();
         m_rules.clear();
         m_ruleWarnings.clear();
         m_bPendingRule = false;
-        std::string const &text = file.text.text;
-        file.pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
-        if (!file.suppressions.empty()) {
+        m_usedHere.clear();
+        std::string const &text = reading.text.text;
+        AI_CCommandList *pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
+        if (!reading.suppressions.empty()) {
             for (auto const &entry : file.names)
-                file.commands.push_back(entry.first->GetSpan());
-            std::sort(file.commands.begin(), file.commands.end(),
+                reading.commands.push_back(entry.first->GetSpan());
+            std::sort(reading.commands.begin(), reading.commands.end(),
                       [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
         }
         std::sort(file.names.begin(), file.names.end(), [](auto const &a, auto const &b) { return a.first < b.first; });
         WarnAboutRules();
         if (m_options.fileReports)
-            Survey(file.pCommands, Report().outline);
+            Survey(pCommands, Report().outline);
+        Steps(pCommands, reading.steps);
+        if (m_pCache) {
+            reading.diagnostics.assign(m_report.diagnostics.begin() + nDiagnostics, m_report.diagnostics.end());
+            reading.report = Report();
+            NoteRegistered(nNewConstants);
+            std::sort(m_usedHere.begin(), m_usedHere.end());
+            m_usedHere.erase(std::unique(m_usedHere.begin(), m_usedHere.end()), m_usedHere.end());
+            for (unsigned int nSID : m_usedHere)
+                reading.used.push_back(NameOf(nSID));
+        }
         m_pCurrent = pOuter;
+    }
+
+    // The constants the file just read registered, in the order it did.
+    void NoteRegistered(std::size_t nNewConstants)
+    {
+        std::vector<std::pair<unsigned int, std::string>> registered;
+        for (std::size_t i = nNewConstants; i < m_newConstants.size(); ++i) {
+            unsigned int nSID = AI_Symbol(m_newConstants[i].c_str());
+            if (nSID && AI_IsConstant(nSID))
+                registered.push_back({nSID, m_newConstants[i]});
+        }
+        std::sort(registered.begin(), registered.end());
+        registered.erase(std::unique(registered.begin(), registered.end()), registered.end());
+        for (auto const &constant : registered) {
+            m_pCurrent->reading->registered.push_back({constant.second, AI_Constant(constant.first, 0)});
+            NoteEnvironment(constant.second, AI_Constant(constant.first, 0));
+        }
+    }
+
+    // What a file read in an earlier check did to that check, done again.
+    void Replay(FileState &file)
+    {
+        FileState *pOuter = m_pCurrent;
+        m_pCurrent = &file;
+        FileReading const &reading = *file.reading;
+        for (auto const &constant : reading.registered) {
+            m_newConstants.push_back(constant.first);
+            AI_AddConstant(constant.first.c_str(), constant.second);
+            NoteEnvironment(constant.first, constant.second);
+        }
+        for (auto const &definition : reading.definitions)
+            Define(AI_Symbol(definition.first.c_str()), definition.second);
+        for (std::string const &name : reading.used)
+            Use(AI_Symbol(name.c_str()));
+        for (Diagnostic const &diagnostic : reading.diagnostics) {
+            m_report.diagnostics.push_back(diagnostic);
+            m_report.diagnostics.back().loadedFrom = file.chain;
+        }
+        FileReport &report = Report();
+        report = reading.report;
+        report.loadedFrom = file.chain;
+        m_pCurrent = pOuter;
+    }
+
+    // The constants a file read now would see: those the check registered
+    // so far, and the values the current path gave.
+    void NoteEnvironment(std::string const &name, int nValue)
+    {
+        m_registered += name + '=' + std::to_string(nValue) + ';';
+    }
+    std::string Environment()
+    {
+        std::string environment = m_registered + '|';
+        for (unsigned int nSID : m_constantJournal)
+            environment += NameOf(nSID) + '=' + std::to_string(m_strategy.Constant(nSID, 0)) + ';';
+        return environment;
+    }
+
+    // What the paths through a command list follow.
+    void Steps(AI_CCommandList const *pCommands, std::vector<Step> &steps)
+    {
+        if (!pCommands)
+            return;
+        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
+        for (POSITION position = commands.GetHeadPosition(); position;) {
+            AI_CCommand *pCommand = commands.GetNext(position);
+            Step step;
+            step.span = pCommand->GetSpan();
+            if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+                auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+                step.kind = Step::Defconst;
+                step.constant = NameOf(pDefconst->GetSID());
+                step.nValue = pDefconst->GetValue();
+                step.nameSpan = NameSpanOf(*m_pCurrent, pDefconst);
+            } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
+                step.kind = Step::Load;
+                AddTarget(step, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename());
+            } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
+                auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
+                step.kind = Step::LoadRandom;
+                if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
+                    auto const &options = pOptions->GetLoadOptions();
+                    for (POSITION option = options.GetHeadPosition(); option;)
+                        AddTarget(step, options.GetNext(option)->GetFilename());
+                }
+                AddTarget(step, pRandom->GetFilename());
+            } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
+                auto *pBlock = static_cast<AI_CBlock *>(pCommand);
+                step.kind = Step::Block;
+                Steps(pBlock->GetIfCommands(), step.branches[0]);
+                Steps(pBlock->GetElseCommands(), step.branches[1]);
+            } else {
+                continue;  // a rule: no path goes anywhere from it
+            }
+            steps.push_back(std::move(step));
+        }
+    }
+
+    // A file the load reads, named by its string (by the whole command
+    // when the string's place is unknown).
+    void AddTarget(Step &step, CString const *pFilename)
+    {
+        if (!pFilename)
+            return;
+        auto found = m_fileNames.find(pFilename);
+        step.targets.push_back({Text(pFilename), found != m_fileNames.end() ? found->second : step.span});
     }
 
     // ---- following every path ------------------------------------------
@@ -309,60 +568,51 @@ private:
         if (!pFile || pFile->bWalking || pFile->bWalked)
             return;
         pFile->bWalking = true;
-        Walk(*pFile, pFile->pCommands);
+        Walk(*pFile, pFile->reading->steps);
         pFile->bWalking = false;
         pFile->bWalked = true;
     }
 
-    void Walk(FileState &file, AI_CCommandList const *pCommands)
+    void Walk(FileState &file, std::vector<Step> const &steps)
     {
-        if (!pCommands)
-            return;
-        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
-        for (POSITION position = commands.GetHeadPosition(); position;)
-            WalkCommand(file, commands.GetNext(position));
+        for (Step const &step : steps)
+            WalkStep(file, step);
     }
 
-    void WalkCommand(FileState &file, AI_CCommand *pCommand)
+    void WalkStep(FileState &file, Step const &step)
     {
-        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
-            auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
-            WarnIfDefined(file, pDefconst);
-            AddConstant(pDefconst->GetSID(), pDefconst->GetValue());
-        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
-            Load(file, pCommand, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename(), true);
-        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
-            auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
-            std::vector<CString const *> files;
-            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
-                auto const &options = pOptions->GetLoadOptions();
-                for (POSITION position = options.GetHeadPosition(); position;)
-                    files.push_back(options.GetNext(position)->GetFilename());
-            }
-            if (CString const *pDefault = pRandom->GetFilename())
-                files.push_back(pDefault);
-            Alternatives(static_cast<int>(files.size()), [&](int i) { Load(file, pCommand, files[i], false); });
-        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
-            auto *pBlock = static_cast<AI_CBlock *>(pCommand);
-            Alternatives(2, [&](int i) { Walk(file, i == 0 ? pBlock->GetIfCommands() : pBlock->GetElseCommands()); });
+        switch (step.kind) {
+        case Step::Defconst: {
+            unsigned int nSID = AI_Symbol(step.constant.c_str());
+            WarnIfDefined(file, nSID, step.nameSpan);
+            AddConstant(nSID, step.nValue);
+            break;
+        }
+        case Step::Load:
+            for (auto const &target : step.targets)
+                Load(file, step, target, true);
+            break;
+        case Step::LoadRandom:
+            Alternatives(static_cast<int>(step.targets.size()),
+                         [&](int i) { Load(file, step, step.targets[i], false); });
+            break;
+        case Step::Block:
+            Alternatives(2, [&](int i) { Walk(file, step.branches[i]); });
+            break;
         }
     }
 
-    void Load(FileState &file, AI_CCommand *pCommand, CString const *pFilename, bool bPlainLoad)
+    void Load(FileState &file, Step const &step, std::pair<std::string, AI_Span> const &target, bool bPlainLoad)
     {
-        if (!pFilename)
-            return;
-        std::string target = Text(pFilename);
-        AI_Span site = m_fileNames.count(pFilename) ? m_fileNames[pFilename] : pCommand->GetSpan();
-        if (bPlainLoad && m_loaded.count(target) && m_loaded[target] > 0) {
+        if (bPlainLoad && m_loaded.count(target.first) && m_loaded[target.first] > 0) {
             m_pCurrent = &file;
-            Warn(kLoadedTwice, "'" + target + "' is already loaded on this path", site);
+            Warn(kLoadedTwice, "'" + target.first + "' is already loaded on this path", target.second);
         }
         std::vector<LoadStep> chain = file.chain;
         int nLine, nColumn;
-        file.lines->Position(pCommand->GetSpan().nBegin, nLine, nColumn);
+        file.reading->lines->Position(step.span.nBegin, nLine, nColumn);
         chain.push_back({file.name, nLine, nColumn});
-        Reach(target, chain, &file, site);
+        Reach(target.first, chain, &file, target.second);
     }
 
     // Each alternative starts from the constants and loads as they stand
@@ -496,7 +746,7 @@ private:
         });
         // Rules with the same hash are compared by their text, each with
         // the earliest of its run that reads the same.
-        std::string const &text = m_pCurrent->text.text;
+        std::string const &text = m_pCurrent->reading->text.text;
         std::vector<std::string> run;  // the normalized texts of the current run
         std::size_t nFirst = 0;
         for (std::size_t i = 1; i < m_rules.size(); ++i) {
@@ -566,22 +816,20 @@ private:
 
     // A second definition on the same path adds a value the rules never
     // see: they are checked against the first one.
-    void WarnIfDefined(FileState &file, AI_CDefconstCommand const *pDefconst)
+    void WarnIfDefined(FileState &file, unsigned int nSID, AI_Span name)
     {
-        int nFirst = m_strategy.Constant(pDefconst->GetSID(), 0);
+        int nFirst = m_strategy.Constant(nSID, 0);
         if (nFirst == AI_NO_VALUE)
             return;
         m_pCurrent = &file;
         Warn(kConstantDefinedAgain,
-             "constant '" + NameOf(pDefconst->GetSID()) + "' is already defined on this path, as "
-                 + std::to_string(nFirst),
-             NameSpanOf(file, pDefconst));
+             "constant '" + NameOf(nSID) + "' is already defined on this path, as " + std::to_string(nFirst), name);
     }
 
     void WarnUnusedConstants()
     {
         for (unsigned int nSID : m_definitionOrder) {
-            if (nSID < m_usedConstants.size() && m_usedConstants[nSID])
+            if (IsUsed(nSID))
                 continue;
             m_pCurrent = m_definitions[nSID].first;
             Warn(kUnusedConstant,
@@ -608,15 +856,16 @@ private:
     // other for the command that follows it.
     bool Suppressed(FileState const &file, int nOffset, std::string const &code) const
     {
-        int nFirst = file.commands.empty() ? INT_MAX : file.commands.front().nBegin;
-        for (Suppression const &suppression : file.suppressions) {
+        std::vector<AI_Span> const &commands = file.reading->commands;
+        int nFirst = commands.empty() ? INT_MAX : commands.front().nBegin;
+        for (Suppression const &suppression : file.reading->suppressions) {
             if (std::find(suppression.codes.begin(), suppression.codes.end(), code) == suppression.codes.end())
                 continue;
             if (suppression.nOffset < nFirst)
                 return true;
-            auto next = std::find_if(file.commands.begin(), file.commands.end(),
+            auto next = std::find_if(commands.begin(), commands.end(),
                                      [&](AI_Span span) { return span.nBegin > suppression.nOffset; });
-            if (next != file.commands.end() && Contains(*next, nOffset))
+            if (next != commands.end() && Contains(*next, nOffset))
                 return true;
         }
         return false;
@@ -627,6 +876,9 @@ private:
     AI_CStrategy m_strategy;
     AI_CCheckParser m_parser;
     int m_bExpandBlocks;
+    CheckCache::Entries *m_pCache;
+    std::string m_registered;              // the constants registered so far, as Environment writes them
+    std::vector<unsigned int> m_usedHere;  // constants used by the file being read, for a cache
     unsigned int m_nFalse = 0;
     unsigned int m_nTrue = 0;
 

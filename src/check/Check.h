@@ -12,10 +12,9 @@
 #ifndef STRATAGEM_CHECK_CHECK_H
 #define STRATAGEM_CHECK_CHECK_H
 
+#include <memory>
 #include <string>
 #include <vector>
-
-#include <memory>
 
 #include "../objects/AI_SourceSpan.h"
 #include "../platform/export.h"
@@ -87,6 +86,31 @@ public:
     virtual bool Read(std::string const &name, std::string &bytes, int &error) const;
 };
 
+// What one check can hand the next: the outcome of reading each file,
+// taken over when the file's bytes and the constants visible where it is
+// read are the same, so that an editor re-reads only what an edit
+// touched. The report is the one a check without it gives. Keep one per
+// sequence of checks (an editor's workspace) and pass it with each;
+// registering constants outside the checks while it is in use is not
+// allowed (what a file read depended on would change unseen).
+class STRATAGEM_API CheckCache
+{
+public:
+    CheckCache();
+    ~CheckCache();
+    CheckCache(CheckCache const &) = delete;
+    CheckCache &operator=(CheckCache const &) = delete;
+
+    // Forgets every file kept.
+    void Clear();
+
+    struct Entries;  // the check's business
+    Entries &GetEntries() { return *m_pEntries; }
+
+private:
+    std::unique_ptr<Entries> m_pEntries;
+};
+
 struct CheckOptions
 {
     AI_GameSettings settings = AI_gsSettings;
@@ -95,6 +119,7 @@ struct CheckOptions
     // False: each FileReport keeps only its file and chain (no outline,
     // constants, uses or loads), for callers that only want diagnostics.
     bool fileReports = true;
+    CheckCache *cache = nullptr;  // null: every file is read afresh
 };
 
 // What one file contributes, for editors: its outline and the places of
@@ -155,6 +180,7 @@ struct CheckReport
     std::vector<FileReport> files;        // every file reached, in the order first read
     int errors = 0;
     int warnings = 0;
+    int reused = 0;  // files taken over from the cache instead of read afresh
 };
 
 // Checks the strategy whose main file is `mainFile`. The vocabulary must be

@@ -23,6 +23,7 @@ void Workspace::Run(std::string const &main, Analysis &analysis)
     CheckOptions options;
     options.settings = m_settings.settings;
     options.sources = &m_documents;
+    options.cache = &m_cache;
     analysis.report = Check(main, options);
     analysis.files.clear();
     analysis.files.insert(main);

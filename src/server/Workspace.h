@@ -1,7 +1,8 @@
 // The analysis side of the server: which strategy each open document
 // belongs to, the checks that analyse those strategies, and the
 // diagnostics of every file they reach. Every check starts from nothing:
-// the checker removes what it registered before it returns.
+// the checker removes what it registered before it returns; only the
+// reading of files whose text and context did not change is taken over.
 #ifndef STRATAGEM_SERVER_WORKSPACE_H
 #define STRATAGEM_SERVER_WORKSPACE_H
 
@@ -71,6 +72,7 @@ private:
     WorkspaceSettings m_settings;
     std::map<std::string, Analysis> m_analyses;  // by main file
     std::set<std::string> m_published;           // files with diagnostics sent last time
+    CheckCache m_cache;                          // what the checks read, for the next ones
 };
 
 }  // namespace stratagem::server
