@@ -312,8 +312,12 @@ void Server::DidOpen(Json const &params)
 {
     Json const &document = params.at("textDocument");
     std::string const uri = document.at("uri").get<std::string>();
+    std::string const path = PathOfUri(params);
+    // A file no strategy reaches may be one a strategy could not read
+    // before it was opened: then every strategy is checked again.
+    bool const reached = m_workspace.ContextOf(path).report != nullptr;
     if (m_documents.Open(uri, document.at("text").get<std::string>(), IntegerFrom(document.at("version"))))
-        Reanalyse({PathOfUri(params)});
+        Reanalyse({path}, !reached);
 }
 
 void Server::DidChange(Json const &params)

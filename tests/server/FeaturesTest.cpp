@@ -104,18 +104,32 @@ TEST_F(Features, AnalysesLoadedFilesInTheirStrategy)
     }
 }
 
-// What an open buffer says counts, not the disk.
+// What an open buffer says counts, not the disk: also a buffer of a file
+// the disk does not hold yet, opened after the file that loads it.
 TEST_F(Features, ReadsOpenBuffers)
 {
-    Session session;
-    session.Initialize().OpenFromDisk(kMain).Open(kRules, "(defrule (true) => (trian villager))\n");
-    std::vector<Json> const messages = session.Run();
-    EXPECT_EQ(1u, LastDiagnostics(messages, DataUri(kRules)).size());
-    // The buffer no longer uses goal-attack: main.per gets the warning.
-    Json const main = LastDiagnostics(messages, DataUri(kMain));
-    ASSERT_EQ(1u, main.size());
-    EXPECT_EQ(2, main[0]["severity"]);
-    EXPECT_NE(std::string::npos, main[0]["message"].get<std::string>().find("goal-attack"));
+    using Files = std::vector<std::pair<std::string, std::string>>;
+    // The documents opened in order (name, text; empty: the disk's), then the codes each file ends with.
+    std::pair<Files, std::vector<std::pair<std::string, std::vector<std::string>>>> const rows[] = {
+        {{{kMain, ""}, {kRules, "(defrule (true) => (trian villager))\n"}},
+         {{kRules, {"E007"}}, {kMain, {"W001"}}}},  // the buffer no longer uses goal-attack
+        {{{"strategy/virtual.per", "(defconst c 3)\n(load \"unsaved\")\n"},
+          {"strategy/unsaved.per", "(defrule (goal c 1) => (disable-self))\n"}},
+         {{"strategy/virtual.per", {}}, {"strategy/unsaved.per", {}}}},
+    };
+    for (auto const &[open, expected] : rows) {
+        Session session;
+        session.Initialize();
+        for (auto const &[name, text] : open)
+            session.Open(name, text.empty() ? servertest::ReadFile(servertest::DataPath(name)) : text);
+        std::vector<Json> const messages = session.Run();
+        for (auto const &[name, codes] : expected) {
+            std::vector<std::string> got;
+            for (Json const &diagnostic : LastDiagnostics(messages, DataUri(name)))
+                got.push_back(diagnostic["code"]);
+            EXPECT_EQ(codes, got) << name << ": " << LastDiagnostics(messages, DataUri(name)).dump();
+        }
+    }
 }
 
 TEST_F(Features, WarnsAboutUnknownSettings)
