@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <set>
 
 #include "../vocabulary/AI_Vocabulary.h"
@@ -59,12 +60,14 @@ std::vector<int> ParamsOf(AI_CFunction const &function)
     return types;
 }
 
-bool AcceptsIntegers(int type)
+// An integer the type accepts, the nearest to 0 of the few tried; none
+// when it takes no integers.
+std::optional<int> SampleInteger(int type)
 {
     for (int value : {0, 1, -1, 2})
         if (AI_IsOfType(type, value))
-            return true;
-    return false;
+            return value;
+    return std::nullopt;
 }
 
 Json Markdown(std::string const &text) { return {{"kind", "markdown"}, {"value", text}}; }
@@ -277,15 +280,14 @@ Json Features::CompletionItems(CursorContext const &context, Document const &doc
         for (unsigned int sid : words.params)
             if (AI_IsOfType(type, sid))
                 items.push_back(Item(Name(sid), kItemEnumMember, accepted, edit));
-        if (AcceptsIntegers(type)) {
+        if (std::optional<int> const sample = SampleInteger(type)) {
             for (auto const &[name, definitions] : ConstantsOf(m_workspace.ContextOf(document.path).report))
                 if (AI_IsOfType(type, definitions.front().second->value))
                     items.push_back(
                         Item(name, kItemConstant, "= " + std::to_string(definitions.front().second->value), edit));
-            // The integer range itself, as an entry that inserts nothing.
-            Json range = Item(accepted, kItemValue, "", Json());
-            range["insertText"] = "";
-            items.push_back(range);
+            // The integer range, told by an entry that inserts one of its
+            // values: a client that inserts an entry's label inserts a value.
+            items.push_back(Item(std::to_string(*sample), kItemValue, accepted, edit));
         }
         break;
     }

@@ -188,8 +188,9 @@ TEST_F(Features, CompletesByPosition)
         {"(defrule (true) => (build ", {"house"}, {"villager"}},
         {"    (defrule (true) => (train ", {"villager"}, {"house"}},  // indented, as inside a block
         {"(defrule (food-amount ", {"less-than", "greater-or-equal"}, {"villager"}},
-        {"(defrule (food-amount < ", {"big", "goal-attack"}, {"villager", "less-than"}},
-        {"(defrule (true) => (set-goal ", {"goal-attack"}, {"big"}},  // 1 to 40: 500 does not fit
+        // The integer range as an entry that inserts a value in it.
+        {"(defrule (food-amount < ", {"big", "goal-attack", "0"}, {"villager", "less-than"}},
+        {"(defrule (true) => (set-goal ", {"goal-attack", "1"}, {"big", "0"}},  // 1 to 40: 500 does not fit
         {"#", {"load-if-defined", "else", "end-if"}, {"defrule"}},
         {"#load-if-defined ", {"GIANT-MAP", "REGICIDE"}, {"villager"}},
         {"(load \"", {"rules", "giant", "broken"}, {"main", "rules.per"}},
