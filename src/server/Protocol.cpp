@@ -37,7 +37,7 @@ TextRange RangeFromJson(Json const &json)
 Json ToJson(Text const &text, Range const &range)
 {
     Position const start = text.ToPosition(range.line - 1, range.column - 1);
-    Position end = text.ToPosition(range.endLine - 1, range.endColumn);
+    Position end = text.ToPosition(range.endLine - 1, range.endColumn, true);
     if (std::tie(end.line, end.character) < std::tie(start.line, start.character))
         end = start;
     return {{"start", ToJson(start)}, {"end", ToJson(end)}};
@@ -77,7 +77,7 @@ Json ToJson(Text const &text, Diagnostic const &diagnostic,
 bool Overlaps(Text const &text, Range const &range, TextRange const &other)
 {
     Position const start = text.ToPosition(range.line - 1, range.column - 1);
-    Position const end = text.ToPosition(range.endLine - 1, range.endColumn);
+    Position const end = text.ToPosition(range.endLine - 1, range.endColumn, true);
     auto const key = [](Position p) { return std::make_tuple(p.line, p.character); };
     return !(key(end) < key(other.start)) && !(key(other.end) < key(start));
 }

@@ -56,18 +56,25 @@ TEST_F(Features, PublishesForEveryFileOfTheStrategy)
 
 TEST_F(Features, ConvertsDiagnostics)
 {
-    // The string before the mistake holds a 4-byte and a 2-byte character:
-    // 3 UTF-16 units fewer than bytes.
-    std::string const text = "(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\") (trian villager))\n";
-    Session session;
-    std::vector<Json> const messages = session.Initialize().Open("virtual.per", text).Run();
-    Json const diagnostics = LastDiagnostics(messages, DataUri("virtual.per"));
-    ASSERT_EQ(1u, diagnostics.size()) << diagnostics.dump();
-    Json const &d = diagnostics[0];
-    std::size_t const byteColumn = text.find("trian");
-    EXPECT_EQ(Range(0, static_cast<int>(byteColumn) - 3, static_cast<int>(byteColumn) + 2), d["range"]);
-    EXPECT_EQ("stratagem", d["source"]);  // the severity and the hint in the message are the editor test's
-    EXPECT_EQ('E', d["code"].get<std::string>()[0]);
+    // The text (one line) and the UTF-16 range of each diagnostic.
+    std::pair<std::string, std::vector<std::pair<int, int>>> const rows[] = {
+        // The string before the mistake holds a 4-byte and a 2-byte character: 3 units fewer than bytes.
+        {"(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\") (trian villager))\n", {{40, 45}}},
+        // A stray character is one error a byte, each over the whole character.
+        {"(defrule (true) => (train \xC3\xA9))\n", {{26, 27}, {26, 27}}},
+        {"(defrule (true) => (train x\xF0\x9F\x98\x80y))\n", {{26, 27}, {27, 29}, {27, 29}, {27, 29}, {27, 29}}},
+    };
+    for (auto const &[text, ranges] : rows) {
+        Session session;
+        Json const diagnostics
+            = LastDiagnostics(session.Initialize().Open("virtual.per", text).Run(), DataUri("virtual.per"));
+        ASSERT_EQ(ranges.size(), diagnostics.size()) << diagnostics.dump();
+        for (std::size_t i = 0; i < ranges.size(); ++i)
+            EXPECT_EQ(Range(0, ranges[i].first, ranges[i].second), diagnostics[i]["range"]) << text << " #" << i;
+        // The severity and the hint in the message are the editor test's.
+        EXPECT_EQ("stratagem", diagnostics[0]["source"]);
+        EXPECT_EQ('E', diagnostics[0]["code"].get<std::string>()[0]);
+    }
 }
 
 TEST_F(Features, ClearsAFileThatLeavesTheStrategy)
