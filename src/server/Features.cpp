@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <set>
 
@@ -169,6 +170,19 @@ Text Features::TextOf(std::string const &path) const
     if (!m_documents.Read(path, bytes, error))
         return Text();
     return Text(std::move(bytes));
+}
+
+std::function<Json(LoadStep const &)> Features::StepLocator() const
+{
+    auto texts = std::make_shared<std::map<std::string, Text>>();
+    return [this, texts](LoadStep const &step) {
+        std::string const path = m_workspace.PathOf(step.file);
+        auto found = texts->find(path);
+        if (found == texts->end())
+            found = texts->emplace(path, TextOf(path)).first;
+        Json const position = ToJson(found->second.ToPosition(step.line - 1, step.column - 1));
+        return Json {{"uri", PathToUri(path)}, {"range", {{"start", position}, {"end", position}}}};
+    };
 }
 
 Features::Target Features::Locate(Json const &params)
@@ -451,7 +465,7 @@ Json Features::CodeActions(Json const &params)
     CheckReport const *report = document ? m_workspace.ContextOf(document->path).report : nullptr;
     if (!report)
         return actions;
-    auto const uriOf = [&](std::string const &name) { return PathToUri(m_workspace.PathOf(name)); };
+    auto const locate = StepLocator();
     for (Diagnostic const &diagnostic : report->diagnostics) {
         if (m_workspace.PathOf(diagnostic.file) != document->path || !Overlaps(document->text, diagnostic.range, range))
             continue;
@@ -460,7 +474,7 @@ Json Features::CodeActions(Json const &params)
             Json const edit = {{"range", ToJson(document->text, fix.range)}, {"newText", fix.text}};
             actions.push_back({{"title", "Replace with '" + fix.text + "'"},
                                {"kind", "quickfix"},
-                               {"diagnostics", {ToJson(document->text, diagnostic, uriOf)}},
+                               {"diagnostics", {ToJson(document->text, diagnostic, locate)}},
                                {"isPreferred", preferred},
                                {"edit", {{"changes", {{uri, {edit}}}}}}});
             preferred = false;

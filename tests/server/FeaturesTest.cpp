@@ -56,24 +56,47 @@ TEST_F(Features, PublishesForEveryFileOfTheStrategy)
 
 TEST_F(Features, ConvertsDiagnostics)
 {
-    // The text (one line) and the UTF-16 range of each diagnostic.
-    std::pair<std::string, std::vector<std::pair<int, int>>> const rows[] = {
+    // The text of virtual.per (one line), the file whose diagnostics are looked at, the UTF-16 range of each
+    // (line, from, to), and where the first one's chain says the file was loaded from (character on line 0, -1:
+    // no chain).
+    std::tuple<std::string, std::string, std::vector<std::tuple<int, int, int>>, int> const rows[] = {
         // The string before the mistake holds a 4-byte and a 2-byte character: 3 units fewer than bytes.
-        {"(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\") (trian villager))\n", {{40, 45}}},
+        {"(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\") (trian villager))\n",
+         "virtual.per",
+         {{0, 40, 45}},
+         -1},
         // A stray character is one error a byte, each over the whole character.
-        {"(defrule (true) => (train \xC3\xA9))\n", {{26, 27}, {26, 27}}},
-        {"(defrule (true) => (train x\xF0\x9F\x98\x80y))\n", {{26, 27}, {27, 29}, {27, 29}, {27, 29}, {27, 29}}},
+        {"(defrule (true) => (train \xC3\xA9))\n", "virtual.per", {{0, 26, 27}, {0, 26, 27}}, -1},
+        {"(defrule (true) => (train x\xF0\x9F\x98\x80y))\n",
+         "virtual.per",
+         {{0, 26, 27}, {0, 27, 29}, {0, 27, 29}, {0, 27, 29}, {0, 27, 29}},
+         -1},
+        // Loaded after the same string: the load stands 3 units before its byte column.
+        {"(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\")) (load \"strategy/broken\")\n",
+         kBroken,
+         {{2, 5, 15}},
+         40},
     };
-    for (auto const &[text, ranges] : rows) {
+    for (auto const &[text, file, ranges, from] : rows) {
+        SCOPED_TRACE(text);
         Session session;
-        Json const diagnostics
-            = LastDiagnostics(session.Initialize().Open("virtual.per", text).Run(), DataUri("virtual.per"));
+        Json const diagnostics = LastDiagnostics(session.Initialize().Open("virtual.per", text).Run(), DataUri(file));
         ASSERT_EQ(ranges.size(), diagnostics.size()) << diagnostics.dump();
-        for (std::size_t i = 0; i < ranges.size(); ++i)
-            EXPECT_EQ(Range(0, ranges[i].first, ranges[i].second), diagnostics[i]["range"]) << text << " #" << i;
+        for (std::size_t i = 0; i < ranges.size(); ++i) {
+            auto const [line, start, end] = ranges[i];
+            EXPECT_EQ(Range(line, start, end), diagnostics[i]["range"]) << i;
+        }
+        Json const &first = diagnostics[0];
+        if (from < 0) {
+            EXPECT_FALSE(first.contains("relatedInformation"));
+        } else {
+            Json const &location = first["relatedInformation"][0]["location"];
+            EXPECT_EQ(DataUri("virtual.per"), location["uri"]);
+            EXPECT_EQ(Range(0, from, from), location["range"]);
+        }
         // The severity and the hint in the message are the editor test's.
-        EXPECT_EQ("stratagem", diagnostics[0]["source"]);
-        EXPECT_EQ('E', diagnostics[0]["code"].get<std::string>()[0]);
+        EXPECT_EQ("stratagem", first["source"]);
+        EXPECT_EQ('E', first["code"].get<std::string>()[0]);
     }
 }
 
