@@ -83,16 +83,22 @@ Json Item(std::string const &label, int kind, std::string const &detail, Json co
     return item;
 }
 
-// Every constant the strategy defines, by name, with its definitions.
+// Every constant the strategy defines, by name, with its definitions;
+// with `last`, only those of the files read up to that one: a file is read
+// whole before the files it loads, so the constants of those come too late
+// for it.
 std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>>
-ConstantsOf(CheckReport const *report)
+ConstantsOf(CheckReport const *report, FileReport const *last = nullptr)
 {
     std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>> constants;
     if (!report)
         return constants;
-    for (FileReport const &file : report->files)
+    for (FileReport const &file : report->files) {
         for (ConstantDefinition const &constant : file.constants)
             constants[constant.name].push_back({&file, &constant});
+        if (&file == last)
+            break;
+    }
     return constants;
 }
 
@@ -295,7 +301,8 @@ Json Features::CompletionItems(CursorContext const &context, Document const &doc
             if (AI_IsOfType(type, sid))
                 items.push_back(Item(Name(sid), kItemEnumMember, accepted, edit));
         if (std::optional<int> const sample = SampleInteger(type)) {
-            for (auto const &[name, definitions] : ConstantsOf(m_workspace.ContextOf(document.path).report))
+            FileContext const strategy = m_workspace.ContextOf(document.path);
+            for (auto const &[name, definitions] : ConstantsOf(strategy.report, strategy.file))
                 if (AI_IsOfType(type, definitions.front().second->value))
                     items.push_back(
                         Item(name, kItemConstant, "= " + std::to_string(definitions.front().second->value), edit));
