@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <set>
 
 #include "../vocabulary/AI_Vocabulary.h"
@@ -59,12 +61,14 @@ std::vector<int> ParamsOf(AI_CFunction const &function)
     return types;
 }
 
-bool AcceptsIntegers(int type)
+// An integer the type accepts, the nearest to 0 of the few tried; none
+// when it takes no integers.
+std::optional<int> SampleInteger(int type)
 {
     for (int value : {0, 1, -1, 2})
         if (AI_IsOfType(type, value))
-            return true;
-    return false;
+            return value;
+    return std::nullopt;
 }
 
 Json Markdown(std::string const &text) { return {{"kind", "markdown"}, {"value", text}}; }
@@ -79,16 +83,22 @@ Json Item(std::string const &label, int kind, std::string const &detail, Json co
     return item;
 }
 
-// Every constant the strategy defines, by name, with its definitions.
+// Every constant the strategy defines, by name, with its definitions;
+// with `last`, only those of the files read up to that one: a file is read
+// whole before the files it loads, so the constants of those come too late
+// for it.
 std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>>
-ConstantsOf(CheckReport const *report)
+ConstantsOf(CheckReport const *report, FileReport const *last = nullptr)
 {
     std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>> constants;
     if (!report)
         return constants;
-    for (FileReport const &file : report->files)
+    for (FileReport const &file : report->files) {
         for (ConstantDefinition const &constant : file.constants)
             constants[constant.name].push_back({&file, &constant});
+        if (&file == last)
+            break;
+    }
     return constants;
 }
 
@@ -166,6 +176,19 @@ Text Features::TextOf(std::string const &path) const
     if (!m_documents.Read(path, bytes, error))
         return Text();
     return Text(std::move(bytes));
+}
+
+std::function<Json(LoadStep const &)> Features::StepLocator() const
+{
+    auto texts = std::make_shared<std::map<std::string, Text>>();
+    return [this, texts](LoadStep const &step) {
+        std::string const path = m_workspace.PathOf(step.file);
+        auto found = texts->find(path);
+        if (found == texts->end())
+            found = texts->emplace(path, TextOf(path)).first;
+        Json const position = ToJson(found->second.ToPosition(step.line - 1, step.column - 1));
+        return Json {{"uri", PathToUri(path)}, {"range", {{"start", position}, {"end", position}}}};
+    };
 }
 
 Features::Target Features::Locate(Json const &params)
@@ -277,15 +300,15 @@ Json Features::CompletionItems(CursorContext const &context, Document const &doc
         for (unsigned int sid : words.params)
             if (AI_IsOfType(type, sid))
                 items.push_back(Item(Name(sid), kItemEnumMember, accepted, edit));
-        if (AcceptsIntegers(type)) {
-            for (auto const &[name, definitions] : ConstantsOf(m_workspace.ContextOf(document.path).report))
+        if (std::optional<int> const sample = SampleInteger(type)) {
+            FileContext const strategy = m_workspace.ContextOf(document.path);
+            for (auto const &[name, definitions] : ConstantsOf(strategy.report, strategy.file))
                 if (AI_IsOfType(type, definitions.front().second->value))
                     items.push_back(
                         Item(name, kItemConstant, "= " + std::to_string(definitions.front().second->value), edit));
-            // The integer range itself, as an entry that inserts nothing.
-            Json range = Item(accepted, kItemValue, "", Json());
-            range["insertText"] = "";
-            items.push_back(range);
+            // The integer range, told by an entry that inserts one of its
+            // values: a client that inserts an entry's label inserts a value.
+            items.push_back(Item(std::to_string(*sample), kItemValue, accepted, edit));
         }
         break;
     }
@@ -449,7 +472,7 @@ Json Features::CodeActions(Json const &params)
     CheckReport const *report = document ? m_workspace.ContextOf(document->path).report : nullptr;
     if (!report)
         return actions;
-    auto const uriOf = [&](std::string const &name) { return PathToUri(m_workspace.PathOf(name)); };
+    auto const locate = StepLocator();
     for (Diagnostic const &diagnostic : report->diagnostics) {
         if (m_workspace.PathOf(diagnostic.file) != document->path || !Overlaps(document->text, diagnostic.range, range))
             continue;
@@ -458,7 +481,7 @@ Json Features::CodeActions(Json const &params)
             Json const edit = {{"range", ToJson(document->text, fix.range)}, {"newText", fix.text}};
             actions.push_back({{"title", "Replace with '" + fix.text + "'"},
                                {"kind", "quickfix"},
-                               {"diagnostics", {ToJson(document->text, diagnostic, uriOf)}},
+                               {"diagnostics", {ToJson(document->text, diagnostic, locate)}},
                                {"isPreferred", preferred},
                                {"edit", {{"changes", {{uri, {edit}}}}}}});
             preferred = false;

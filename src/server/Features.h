@@ -4,6 +4,7 @@
 #ifndef STRATAGEM_SERVER_FEATURES_H
 #define STRATAGEM_SERVER_FEATURES_H
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -30,6 +31,9 @@ public:
     // The text of a file: its open buffer, else the disk (empty when it
     // cannot be read).
     Text TextOf(std::string const &path) const;
+    // Places the steps of load chains as protocol locations; each file's
+    // text is read once for the locator's life.
+    std::function<Json(LoadStep const &)> StepLocator() const;
 
 private:
     struct Target

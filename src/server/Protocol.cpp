@@ -37,7 +37,7 @@ TextRange RangeFromJson(Json const &json)
 Json ToJson(Text const &text, Range const &range)
 {
     Position const start = text.ToPosition(range.line - 1, range.column - 1);
-    Position end = text.ToPosition(range.endLine - 1, range.endColumn);
+    Position end = text.ToPosition(range.endLine - 1, range.endColumn, true);
     if (std::tie(end.line, end.character) < std::tie(start.line, start.character))
         end = start;
     return {{"start", ToJson(start)}, {"end", ToJson(end)}};
@@ -50,8 +50,7 @@ Cursor ToCursor(Text const &text, Position position)
     return {line + 1, text.ByteColumn(clamped) + 1};
 }
 
-Json ToJson(Text const &text, Diagnostic const &diagnostic,
-            std::function<std::string(std::string const &)> const &uriOf)
+Json ToJson(Text const &text, Diagnostic const &diagnostic, std::function<Json(LoadStep const &)> const &locate)
 {
     std::string message = diagnostic.message;
     for (std::string const &hint : diagnostic.hints)
@@ -63,12 +62,8 @@ Json ToJson(Text const &text, Diagnostic const &diagnostic,
                  {"message", message}};
     if (!diagnostic.loadedFrom.empty()) {
         Json related = Json::array();
-        for (LoadStep const &step : diagnostic.loadedFrom) {
-            Json const position = {{"line", std::max(step.line - 1, 0)}, {"character", std::max(step.column - 1, 0)}};
-            related.push_back(
-                {{"location", {{"uri", uriOf(step.file)}, {"range", {{"start", position}, {"end", position}}}}},
-                 {"message", "loaded from here"}});
-        }
+        for (LoadStep const &step : diagnostic.loadedFrom)
+            related.push_back({{"location", locate(step)}, {"message", "loaded from here"}});
         json["relatedInformation"] = related;
     }
     return json;
@@ -77,7 +72,7 @@ Json ToJson(Text const &text, Diagnostic const &diagnostic,
 bool Overlaps(Text const &text, Range const &range, TextRange const &other)
 {
     Position const start = text.ToPosition(range.line - 1, range.column - 1);
-    Position const end = text.ToPosition(range.endLine - 1, range.endColumn);
+    Position const end = text.ToPosition(range.endLine - 1, range.endColumn, true);
     auto const key = [](Position p) { return std::make_tuple(p.line, p.character); };
     return !(key(end) < key(other.start)) && !(key(other.end) < key(start));
 }

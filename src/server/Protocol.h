@@ -27,9 +27,9 @@ Json ToJson(Text const &text, Range const &range);
 Cursor ToCursor(Text const &text, Position position);
 
 // A diagnostic as publishDiagnostics carries it: hints appended to the
-// message, the load chain as related information.
-Json ToJson(Text const &text, Diagnostic const &diagnostic,
-            std::function<std::string(std::string const &)> const &uriOf);
+// message, the load chain as related information, each step placed by
+// `locate` (it knows the text of the file that loads).
+Json ToJson(Text const &text, Diagnostic const &diagnostic, std::function<Json(LoadStep const &)> const &locate);
 
 // True when a checker range and a protocol range share a position.
 bool Overlaps(Text const &text, Range const &range, TextRange const &other);

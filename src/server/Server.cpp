@@ -312,8 +312,12 @@ void Server::DidOpen(Json const &params)
 {
     Json const &document = params.at("textDocument");
     std::string const uri = document.at("uri").get<std::string>();
+    std::string const path = PathOfUri(params);
+    // A file no strategy reaches may be one a strategy could not read
+    // before it was opened: then every strategy is checked again.
+    bool const reached = m_workspace.ContextOf(path).report != nullptr;
     if (m_documents.Open(uri, document.at("text").get<std::string>(), IntegerFrom(document.at("version"))))
-        Reanalyse({PathOfUri(params)});
+        Reanalyse({path}, !reached);
 }
 
 void Server::DidChange(Json const &params)
@@ -365,7 +369,7 @@ void Server::DidChangeConfiguration(Json const &params)
 // the client holds.
 void Server::Reanalyse(std::set<std::string> const &changed, bool all)
 {
-    auto const uriOf = [&](std::string const &name) { return PathToUri(m_workspace.PathOf(name)); };
+    auto const locate = m_features.StepLocator();
     for (FileDiagnostics const &file : m_workspace.Analyse(changed, all)) {
         Json diagnostics = Json::array();
         if (!file.diagnostics.empty()) {
@@ -374,7 +378,7 @@ void Server::Reanalyse(std::set<std::string> const &changed, bool all)
             Text const read = open ? Text() : m_features.TextOf(file.path);
             Text const &text = open ? open->text : read;
             for (Diagnostic const *diagnostic : file.diagnostics)
-                diagnostics.push_back(ToJson(text, *diagnostic, uriOf));
+                diagnostics.push_back(ToJson(text, *diagnostic, locate));
         }
         auto const sent = m_published.find(file.path);
         if (sent != m_published.end() && sent->second == diagnostics)

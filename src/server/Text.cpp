@@ -30,17 +30,6 @@ Sequence SequenceAt(char const *text, std::size_t size)
 
 }  // namespace
 
-int Utf16Length(char const *text, std::size_t size)
-{
-    int units = 0;
-    for (std::size_t i = 0; i < size;) {
-        Sequence const s = SequenceAt(text + i, size - i);
-        i += s.bytes;
-        units += s.units;
-    }
-    return units;
-}
-
 Text::Text(std::string content) : m_content(std::move(content)) { IndexLines(); }
 
 void Text::Assign(std::string content)
@@ -117,15 +106,24 @@ int Text::ByteColumn(Position position) const
     return static_cast<int>(Offset(position) - m_lineStarts[position.line]);
 }
 
-Position Text::ToPosition(int line, int byteColumn) const
+Position Text::ToPosition(int line, int byteColumn, bool after) const
 {
     if (line < 0)
         return {0, 0};
     if (line >= LineCount())
         return PositionAt(m_content.size());
     std::size_t const start = m_lineStarts[line];
-    std::size_t const length = std::min<std::size_t>(std::max(byteColumn, 0), LineEnd(line) - start);
-    return {line, Utf16Length(m_content.data() + start, length)};
+    std::size_t const end = LineEnd(line);
+    std::size_t const column = start + std::min<std::size_t>(std::max(byteColumn, 0), end - start);
+    int units = 0;
+    for (std::size_t i = start; i < column;) {
+        Sequence const s = SequenceAt(m_content.data() + i, end - i);
+        if (i + s.bytes > column && !after)
+            break;
+        units += s.units;
+        i += s.bytes;
+    }
+    return {line, units};
 }
 
 Position Text::PositionAt(std::size_t offset) const

@@ -37,8 +37,10 @@ public:
     // of the line; a position inside a surrogate pair gives the start of
     // its character.
     std::size_t Offset(Position position) const;
-    // The protocol position of a 0-based line and byte column.
-    Position ToPosition(int line, int byteColumn) const;
+    // The protocol position of a 0-based line and byte column. A column
+    // inside a character gives the position before that character, or after
+    // it when `after` (the end of a range that ends inside it).
+    Position ToPosition(int line, int byteColumn, bool after = false) const;
     // The protocol position of a byte offset.
     Position PositionAt(std::size_t offset) const;
     // The 0-based byte column of a protocol position within its line.
@@ -57,9 +59,6 @@ private:
     std::string m_content;
     std::vector<std::size_t> m_lineStarts {0};
 };
-
-// The UTF-16 length of UTF-8 text; a malformed byte counts as one unit.
-int Utf16Length(char const *text, std::size_t size);
 
 }  // namespace stratagem::server
 

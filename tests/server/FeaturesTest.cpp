@@ -56,18 +56,48 @@ TEST_F(Features, PublishesForEveryFileOfTheStrategy)
 
 TEST_F(Features, ConvertsDiagnostics)
 {
-    // The string before the mistake holds a 4-byte and a 2-byte character:
-    // 3 UTF-16 units fewer than bytes.
-    std::string const text = "(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\") (trian villager))\n";
-    Session session;
-    std::vector<Json> const messages = session.Initialize().Open("virtual.per", text).Run();
-    Json const diagnostics = LastDiagnostics(messages, DataUri("virtual.per"));
-    ASSERT_EQ(1u, diagnostics.size()) << diagnostics.dump();
-    Json const &d = diagnostics[0];
-    std::size_t const byteColumn = text.find("trian");
-    EXPECT_EQ(Range(0, static_cast<int>(byteColumn) - 3, static_cast<int>(byteColumn) + 2), d["range"]);
-    EXPECT_EQ("stratagem", d["source"]);  // the severity and the hint in the message are the editor test's
-    EXPECT_EQ('E', d["code"].get<std::string>()[0]);
+    // The text of virtual.per (one line), the file whose diagnostics are looked at, the UTF-16 range of each
+    // (line, from, to), and where the first one's chain says the file was loaded from (character on line 0, -1:
+    // no chain).
+    std::tuple<std::string, std::string, std::vector<std::tuple<int, int, int>>, int> const rows[] = {
+        // The string before the mistake holds a 4-byte and a 2-byte character: 3 units fewer than bytes.
+        {"(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\") (trian villager))\n",
+         "virtual.per",
+         {{0, 40, 45}},
+         -1},
+        // A stray character is one error a byte, each over the whole character.
+        {"(defrule (true) => (train \xC3\xA9))\n", "virtual.per", {{0, 26, 27}, {0, 26, 27}}, -1},
+        {"(defrule (true) => (train x\xF0\x9F\x98\x80y))\n",
+         "virtual.per",
+         {{0, 26, 27}, {0, 27, 29}, {0, 27, 29}, {0, 27, 29}, {0, 27, 29}},
+         -1},
+        // Loaded after the same string: the load stands 3 units before its byte column.
+        {"(defrule (true) => (chat-to-all \"\xF0\x9F\x98\x80\xC3\xA9\")) (load \"strategy/broken\")\n",
+         kBroken,
+         {{2, 5, 15}},
+         40},
+    };
+    for (auto const &[text, file, ranges, from] : rows) {
+        SCOPED_TRACE(text);
+        Session session;
+        Json const diagnostics = LastDiagnostics(session.Initialize().Open("virtual.per", text).Run(), DataUri(file));
+        ASSERT_EQ(ranges.size(), diagnostics.size()) << diagnostics.dump();
+        for (std::size_t i = 0; i < ranges.size(); ++i) {
+            auto const [line, start, end] = ranges[i];
+            EXPECT_EQ(Range(line, start, end), diagnostics[i]["range"]) << i;
+        }
+        Json const &first = diagnostics[0];
+        if (from < 0) {
+            EXPECT_FALSE(first.contains("relatedInformation"));
+        } else {
+            Json const &location = first["relatedInformation"][0]["location"];
+            EXPECT_EQ(DataUri("virtual.per"), location["uri"]);
+            EXPECT_EQ(Range(0, from, from), location["range"]);
+        }
+        // The severity and the hint in the message are the editor test's.
+        EXPECT_EQ("stratagem", first["source"]);
+        EXPECT_EQ('E', first["code"].get<std::string>()[0]);
+    }
 }
 
 TEST_F(Features, ClearsAFileThatLeavesTheStrategy)
@@ -104,18 +134,32 @@ TEST_F(Features, AnalysesLoadedFilesInTheirStrategy)
     }
 }
 
-// What an open buffer says counts, not the disk.
+// What an open buffer says counts, not the disk: also a buffer of a file
+// the disk does not hold yet, opened after the file that loads it.
 TEST_F(Features, ReadsOpenBuffers)
 {
-    Session session;
-    session.Initialize().OpenFromDisk(kMain).Open(kRules, "(defrule (true) => (trian villager))\n");
-    std::vector<Json> const messages = session.Run();
-    EXPECT_EQ(1u, LastDiagnostics(messages, DataUri(kRules)).size());
-    // The buffer no longer uses goal-attack: main.per gets the warning.
-    Json const main = LastDiagnostics(messages, DataUri(kMain));
-    ASSERT_EQ(1u, main.size());
-    EXPECT_EQ(2, main[0]["severity"]);
-    EXPECT_NE(std::string::npos, main[0]["message"].get<std::string>().find("goal-attack"));
+    using Files = std::vector<std::pair<std::string, std::string>>;
+    // The documents opened in order (name, text; empty: the disk's), then the codes each file ends with.
+    std::pair<Files, std::vector<std::pair<std::string, std::vector<std::string>>>> const rows[] = {
+        {{{kMain, ""}, {kRules, "(defrule (true) => (trian villager))\n"}},
+         {{kRules, {"E007"}}, {kMain, {"W001"}}}},  // the buffer no longer uses goal-attack
+        {{{"strategy/virtual.per", "(defconst c 3)\n(load \"unsaved\")\n"},
+          {"strategy/unsaved.per", "(defrule (goal c 1) => (disable-self))\n"}},
+         {{"strategy/virtual.per", {}}, {"strategy/unsaved.per", {}}}},
+    };
+    for (auto const &[open, expected] : rows) {
+        Session session;
+        session.Initialize();
+        for (auto const &[name, text] : open)
+            session.Open(name, text.empty() ? servertest::ReadFile(servertest::DataPath(name)) : text);
+        std::vector<Json> const messages = session.Run();
+        for (auto const &[name, codes] : expected) {
+            std::vector<std::string> got;
+            for (Json const &diagnostic : LastDiagnostics(messages, DataUri(name)))
+                got.push_back(diagnostic["code"]);
+            EXPECT_EQ(codes, got) << name << ": " << LastDiagnostics(messages, DataUri(name)).dump();
+        }
+    }
 }
 
 TEST_F(Features, WarnsAboutUnknownSettings)
@@ -174,8 +218,10 @@ TEST_F(Features, CompletesByPosition)
         {"(defrule (true) => (build ", {"house"}, {"villager"}},
         {"    (defrule (true) => (train ", {"villager"}, {"house"}},  // indented, as inside a block
         {"(defrule (food-amount ", {"less-than", "greater-or-equal"}, {"villager"}},
-        {"(defrule (food-amount < ", {"big", "goal-attack"}, {"villager", "less-than"}},
-        {"(defrule (true) => (set-goal ", {"goal-attack"}, {"big"}},  // 1 to 40: 500 does not fit
+        // The integer range as an entry that inserts a value in it.
+        {"(defrule (food-amount < ", {"big", "goal-attack", "0"}, {"villager", "less-than"}},
+        // 1 to 40: 500 does not fit; rules-goal is defined in a file read after this one.
+        {"(defrule (true) => (set-goal ", {"goal-attack", "1"}, {"big", "0", "rules-goal"}},
         {"#", {"load-if-defined", "else", "end-if"}, {"defrule"}},
         {"#load-if-defined ", {"GIANT-MAP", "REGICIDE"}, {"villager"}},
         {"(load \"", {"rules", "giant", "broken"}, {"main", "rules.per"}},
