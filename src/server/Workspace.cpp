@@ -29,6 +29,12 @@ void Workspace::Run(std::string const &main, Analysis &analysis)
     analysis.files.insert(main);
     for (FileReport const &file : analysis.report.files)
         analysis.files.insert(PathOf(file.file));
+    // A file created where a load looks for it changes the strategy too.
+    analysis.unread.clear();
+    for (FileReport const &file : analysis.report.files)
+        for (LoadReference const &load : file.loads)
+            if (!analysis.files.count(PathOf(load.target)))
+                analysis.unread.insert(PathOf(load.target));
 }
 
 bool Workspace::Covers(std::string const &main, std::string const &path) const
@@ -75,8 +81,9 @@ std::vector<FileDiagnostics> Workspace::Analyse(std::set<std::string> const &cha
     auto const refresh = [&](std::string const &main) {
         auto const found = m_analyses.find(main);
         bool const stale = all || found == m_analyses.end()
-            || std::any_of(changed.begin(), changed.end(),
-                           [&](std::string const &path) { return found->second.files.count(path); });
+            || std::any_of(changed.begin(), changed.end(), [&](std::string const &path) {
+                               return found->second.files.count(path) || found->second.unread.count(path);
+                           });
         if (stale)
             Run(main, m_analyses[main]);
     };

@@ -60,7 +60,8 @@ private:
     struct Analysis
     {
         CheckReport report;
-        std::set<std::string> files;  // normal paths of every file reached
+        std::set<std::string> files;   // normal paths of every file reached
+        std::set<std::string> unread;  // files a load names that could not be read
         bool configured = false;
     };
 
