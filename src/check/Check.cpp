@@ -173,10 +173,26 @@ struct FileState
     std::string name;
     std::shared_ptr<FileReading> reading;
     std::vector<LoadStep> chain;
-    std::size_t nReport = 0;                                     // its entry in the report's files
-    std::vector<std::pair<AI_CCommand const *, AI_Span>> names;  // the part naming each command, sorted once parsed
+    std::size_t nReport = 0;  // its entry in the report's files
     bool bWalking = false;
     bool bWalked = false;
+};
+
+// A command just read, as the outline and the walk take it, before the
+// blocks around it are known.
+struct Piece
+{
+    AI_Span whole {0, 0};
+    OutlineItem item;    // when the check reports outlines
+    bool bStep = false;  // a command the walk follows
+    Step step;
+};
+
+struct DirectiveSeen
+{
+    int nKeyword;
+    AI_Span whole;
+    AI_Span word;
 };
 
 bool Contains(AI_Span outer, int nOffset)
@@ -243,10 +259,8 @@ public:
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
         bool const bRule = pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefruleCommand));
-        // A rule's name matters only to outlines and to comments that
-        // switch warnings off, which need every command.
-        if (!bRule || m_options.fileReports || !m_pCurrent->reading->suppressions.empty())
-            m_pCurrent->names.push_back({pCommand, name});
+        if (!m_pCurrent->reading->suppressions.empty())
+            m_pCurrent->reading->commands.push_back(whole);
         if (bRule) {
             m_pendingRule = {NormalizedHash(m_pCurrent->reading->text.text, whole), whole};
             m_bPendingRule = true;
@@ -261,6 +275,14 @@ public:
         }
         if (!m_loadOptions.empty() && pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand)))
             m_loadOptions.clear();
+        // Blocks are put together from their directives once the file is
+        // read; a rule matters to the outline only.
+        if (!pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock)) && (!bRule || m_options.fileReports))
+            m_pieces.push_back(MakePiece(pCommand, whole, name));
+    }
+    void Directive(int nKeyword, AI_Span whole, AI_Span word) override
+    {
+        m_directives.push_back({nKeyword, whole, word});
     }
     // The command just read went into this list.
     void CommandList(AI_CCommandList *, AI_Span) override {}
@@ -342,14 +364,6 @@ private:
         return found->second;
     }
 
-    // Every command of a file knows its whole span; the part that names it
-    // is known once the file is parsed.
-    static AI_Span NameSpanOf(FileState const &file, AI_CCommand const *pCommand)
-    {
-        auto found = std::lower_bound(file.names.begin(), file.names.end(), pCommand,
-                                      [](auto const &entry, AI_CCommand const *p) { return entry.first < p; });
-        return found != file.names.end() && found->first == pCommand ? found->second : AI_Span {0, 0};
-    }
     Range ToRange(AI_Span span) const { return m_pCurrent->reading->lines->ToRange(span); }
     std::string Source(AI_Span span) const
     {
@@ -428,19 +442,14 @@ private:
         m_ruleWarnings.clear();
         m_bPendingRule = false;
         m_usedHere.clear();
+        m_pieces.clear();
+        m_directives.clear();
         std::string const &text = reading.text.text;
-        AI_CCommandList *pCommands = m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
-        if (!reading.suppressions.empty()) {
-            for (auto const &entry : file.names)
-                reading.commands.push_back(entry.first->GetSpan());
-            std::sort(reading.commands.begin(), reading.commands.end(),
-                      [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
-        }
-        std::sort(file.names.begin(), file.names.end(), [](auto const &a, auto const &b) { return a.first < b.first; });
+        m_parser.ParseText(file.name.c_str(), text.data(), text.size(), *this);
+        std::sort(reading.commands.begin(), reading.commands.end(),
+                  [](AI_Span a, AI_Span b) { return a.nBegin < b.nBegin; });
         WarnAboutRules();
-        if (m_options.fileReports)
-            Survey(pCommands, Report().outline);
-        Steps(pCommands, reading.steps);
+        Assemble(reading.steps, m_options.fileReports ? &Report().outline : nullptr);
         if (m_pCache) {
             reading.diagnostics.assign(m_report.diagnostics.begin() + nDiagnostics, m_report.diagnostics.end());
             reading.report = Report();
@@ -509,44 +518,117 @@ private:
         return environment;
     }
 
-    // What the paths through a command list follow.
-    void Steps(AI_CCommandList const *pCommands, std::vector<Step> &steps)
+    // A command just read, as the outline and the walk take it.
+    Piece MakePiece(AI_CCommand *pCommand, AI_Span whole, AI_Span name)
     {
-        if (!pCommands)
-            return;
-        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
-        for (POSITION position = commands.GetHeadPosition(); position;) {
-            AI_CCommand *pCommand = commands.GetNext(position);
-            Step step;
-            step.span = pCommand->GetSpan();
-            if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
-                auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
-                step.kind = Step::Defconst;
-                step.constant = NameOf(pDefconst->GetSID());
-                step.nValue = pDefconst->GetValue();
-                step.nameSpan = NameSpanOf(*m_pCurrent, pDefconst);
-            } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
-                step.kind = Step::Load;
-                AddTarget(step, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename());
-            } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
-                auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
-                step.kind = Step::LoadRandom;
-                if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
-                    auto const &options = pOptions->GetLoadOptions();
-                    for (POSITION option = options.GetHeadPosition(); option;)
-                        AddTarget(step, options.GetNext(option)->GetFilename());
-                }
-                AddTarget(step, pRandom->GetFilename());
-            } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
-                auto *pBlock = static_cast<AI_CBlock *>(pCommand);
-                step.kind = Step::Block;
-                Steps(pBlock->GetIfCommands(), step.branches[0]);
-                Steps(pBlock->GetElseCommands(), step.branches[1]);
-            } else {
-                continue;  // a rule: no path goes anywhere from it
-            }
-            steps.push_back(std::move(step));
+        Piece piece;
+        piece.whole = whole;
+        Step &step = piece.step;
+        step.span = whole;
+        if (m_options.fileReports) {
+            piece.item.range = ToRange(whole);
+            piece.item.selectionRange = ToRange(name);
+            Describe(pCommand, piece.item);
         }
+        if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CDefconstCommand))) {
+            auto *pDefconst = static_cast<AI_CDefconstCommand *>(pCommand);
+            piece.bStep = true;
+            step.kind = Step::Defconst;
+            step.constant = NameOf(pDefconst->GetSID());
+            step.nValue = pDefconst->GetValue();
+            step.nameSpan = name;
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadCommand))) {
+            piece.bStep = true;
+            step.kind = Step::Load;
+            AddTarget(step, static_cast<AI_CLoadCommand *>(pCommand)->GetFilename());
+        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CLoadRandomCommand))) {
+            auto *pRandom = static_cast<AI_CLoadRandomCommand *>(pCommand);
+            piece.bStep = true;
+            step.kind = Step::LoadRandom;
+            if (AI_CLoadOptionList const *pOptions = pRandom->GetOptions()) {
+                auto const &options = pOptions->GetLoadOptions();
+                for (POSITION option = options.GetHeadPosition(); option;)
+                    AddTarget(step, options.GetNext(option)->GetFilename());
+            }
+            AddTarget(step, pRandom->GetFilename());
+        }
+        return piece;
+    }
+
+    // Puts the commands read into the blocks their directives open, in the
+    // order of the text. The directives, not the parser's blocks, give the
+    // shape: a block that an error broke still holds the commands read
+    // inside it, each in its branch.
+    void Assemble(std::vector<Step> &steps, std::vector<OutlineItem> *pOutline)
+    {
+        struct Open
+        {
+            Piece block;
+            int nBranch = 0;
+        };
+        std::vector<Open> open;
+        auto const add = [&](Piece &piece) {
+            if (!open.empty()) {
+                Open &parent = open.back();
+                parent.block.whole.nEnd = std::max(parent.block.whole.nEnd, piece.whole.nEnd);
+                if (piece.bStep)
+                    parent.block.step.branches[parent.nBranch].push_back(std::move(piece.step));
+                if (pOutline)
+                    parent.block.item.children.push_back(std::move(piece.item));
+                return;
+            }
+            if (piece.bStep)
+                steps.push_back(std::move(piece.step));
+            if (pOutline)
+                pOutline->push_back(std::move(piece.item));
+        };
+        auto const close = [&] {
+            Piece block = std::move(open.back().block);
+            open.pop_back();
+            block.step.span = block.whole;
+            if (pOutline)
+                block.item.range = ToRange(block.whole);
+            add(block);
+        };
+        std::size_t nDirective = 0;
+        for (std::size_t nPiece = 0; nPiece <= m_pieces.size(); ++nPiece) {
+            int const nBegin = nPiece < m_pieces.size() ? m_pieces[nPiece].whole.nBegin : INT_MAX;
+            for (; nDirective < m_directives.size() && m_directives[nDirective].whole.nBegin < nBegin; ++nDirective) {
+                DirectiveSeen const &directive = m_directives[nDirective];
+                bool const bOpening = directive.nKeyword != TOK_D_ELSE && directive.nKeyword != TOK_D_END_IF;
+                if (bOpening) {
+                    open.push_back({BlockPiece(directive), 0});
+                } else if (!open.empty()) {  // one that closes no block is an error of the grammar's
+                    open.back().block.whole.nEnd = directive.whole.nEnd;
+                    if (directive.nKeyword == TOK_D_ELSE)
+                        open.back().nBranch = 1;
+                    else
+                        close();
+                }
+            }
+            if (nPiece < m_pieces.size())
+                add(m_pieces[nPiece]);
+        }
+        while (!open.empty())
+            close();
+    }
+
+    // A block as its opening directive gives it; its end comes later.
+    Piece BlockPiece(DirectiveSeen const &directive)
+    {
+        Piece piece;
+        piece.whole = directive.whole;
+        piece.bStep = true;
+        piece.step.kind = Step::Block;
+        if (m_options.fileReports) {
+            bool const bWord = directive.word.nEnd > directive.word.nBegin;
+            OutlineItem &item = piece.item;
+            item.kind = OutlineKind::Block;
+            item.detail = directive.nKeyword == TOK_D_LOAD_IF_DEFINED ? "#load-if-defined" : "#load-if-not-defined";
+            item.name = bWord ? Source(directive.word) : item.detail;
+            item.selectionRange = ToRange(bWord ? directive.word : directive.whole);
+        }
+        return piece;
     }
 
     // A file the load reads, named by its string (by the whole command
@@ -665,22 +747,6 @@ private:
 
     // ---- what a file holds: outline, definitions, rule warnings ---------
 
-    void Survey(AI_CCommandList const *pCommands, std::vector<OutlineItem> &outline)
-    {
-        if (!pCommands)
-            return;
-        CTypedPtrList<CObList, AI_CCommand *> const &commands = pCommands->GetCommands();
-        outline.reserve(outline.size() + commands.GetCount());
-        for (POSITION position = commands.GetHeadPosition(); position;) {
-            AI_CCommand *pCommand = commands.GetNext(position);
-            OutlineItem item;
-            item.range = ToRange(pCommand->GetSpan());
-            item.selectionRange = ToRange(NameSpanOf(*m_pCurrent, pCommand));
-            Describe(pCommand, item);
-            outline.push_back(std::move(item));
-        }
-    }
-
     void Describe(AI_CCommand *pCommand, OutlineItem &item)
     {
         FileReport &report = Report();
@@ -717,13 +783,6 @@ private:
                 item.detail += (item.detail.empty() ? "default " : ", default ")
                     + WrittenName(m_pCurrent->name, Text(pDefault));
             }
-        } else if (pCommand->IsKindOf(RUNTIME_CLASS(AI_CBlock))) {
-            auto *pBlock = static_cast<AI_CBlock *>(pCommand);
-            item.kind = OutlineKind::Block;
-            item.name = AI_String(pBlock->GetSID()).GetString();
-            item.detail = pBlock->GetIf() ? "#load-if-defined" : "#load-if-not-defined";
-            Survey(pBlock->GetIfCommands(), item.children);
-            Survey(pBlock->GetElseCommands(), item.children);
         }
     }
 
@@ -877,8 +936,10 @@ private:
     AI_CCheckParser m_parser;
     int m_bExpandBlocks;
     CheckCache::Entries *m_pCache;
-    std::string m_registered;              // the constants registered so far, as Environment writes them
-    std::vector<unsigned int> m_usedHere;  // constants used by the file being read, for a cache
+    std::string m_registered;                 // the constants registered so far, as Environment writes them
+    std::vector<unsigned int> m_usedHere;     // constants used by the file being read, for a cache
+    std::vector<Piece> m_pieces;              // the commands of the file being read, blocks aside
+    std::vector<DirectiveSeen> m_directives;  // ... and its directives
     unsigned int m_nFalse = 0;
     unsigned int m_nTrue = 0;
 

@@ -29,6 +29,8 @@ bool IsCommandKeyword(int nCode) { return nCode >= TOK_RW_DEFRULE && nCode <= TO
 
 bool IsOpeningDirective(int nCode) { return nCode == TOK_D_LOAD_IF_DEFINED || nCode == TOK_D_LOAD_IF_NOT_DEFINED; }
 
+bool IsDirective(int nCode) { return nCode >= TOK_D_LOAD_IF_DEFINED && nCode <= TOK_D_END_IF; }
+
 // A command begins with "(" and a command keyword, or with "#" and an
 // opening directive.
 bool BeginsCommand(int nFirst, int nSecond)
@@ -202,7 +204,28 @@ private:
             token.pszValue = pszValue;
         token.nLine = AI_nLine;
         token.nIndex = m_nScanned++;
+        NoteDirective(token);
         return token;
+    }
+
+    // Every token is scanned once, whatever is read again after an error,
+    // so the directives are reported here. An opening directive waits for
+    // the token after it, its word.
+    void NoteDirective(Token const &token)
+    {
+        if (m_nOpening) {
+            AI_Span word = token.nCode == TOK_SYMBOL ? token.span : AI_Span {m_directive.nEnd, m_directive.nEnd};
+            m_listener.Directive(m_nOpening, m_directive, word);
+            m_nOpening = 0;
+        }
+        if (m_scanned.nCode == '#' && IsDirective(token.nCode)) {
+            m_directive = {m_scanned.span.nBegin, token.span.nEnd};
+            if (IsOpeningDirective(token.nCode))
+                m_nOpening = token.nCode;
+            else
+                m_listener.Directive(token.nCode, m_directive, {m_directive.nEnd, m_directive.nEnd});
+        }
+        m_scanned = token;
     }
 
     // Keeps the token while the grammar may still use its text, and follows
@@ -287,6 +310,9 @@ private:
     bool m_bInActions = false;
     AI_CCommandList *m_pTopList = nullptr;
     std::vector<AI_Span> m_arguments;
+    Token m_scanned;               // the token scanned last
+    int m_nOpening = 0;            // an opening directive waiting for its word
+    AI_Span m_directive = {0, 0};  // ... and where it is
 };
 
 AI_CCheckParser::AI_CCheckParser(AI_CStrategy *pStrategy) : AI_CParser(pStrategy) {}

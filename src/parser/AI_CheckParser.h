@@ -25,6 +25,12 @@ public:
     // The command just read went into a list: -1 the file's top level,
     // else the offset where the list's first command begins.
     virtual void CommandListed(int nList) = 0;
+    // A directive ("#load-if-defined", "#load-if-not-defined", "#else" or
+    // "#end-if": nKeyword is its token code), once each, in the order of
+    // the text, whether or not the grammar takes it: `whole` runs from "#"
+    // through the keyword; `word` is the word after an opening directive
+    // (empty, at the end of `whole`, when no word follows).
+    virtual void Directive(int nKeyword, AI_Span whole, AI_Span word) = 0;
 };
 
 class AI_CCheckParser : public AI_CParser

@@ -43,10 +43,10 @@ TEST_F(Paths, AnErrorInsideABlockResumesAtTheNextCommandOfEitherBranchAndAStrayE
                                         "#end-if\n"
                                         "(defrule (true) => (do-nothng))\n"
                                         "#end-if\n");
-    EXPECT_EQ((std::vector<std::string> {"main.per:2:13-2:15 E007", "main.per:3:43-3:46 E007",
-                                         "main.per:4:29-4:32 E007", "main.per:6:23-6:28 E008",
-                                         "main.per:8:21-8:29 E007", "main.per:9:2-9:7 E001"}),
-              Where(report));
+    EXPECT_EQ(
+        (std::vector<std::string> {"main.per:2:13-2:15 E007", "main.per:3:43-3:46 E007", "main.per:4:29-4:32 E007",
+                                   "main.per:6:23-6:28 E008", "main.per:8:21-8:29 E007", "main.per:9:2-9:7 E001"}),
+        Where(report));
 }
 
 TEST_F(Paths, ABrokenFileDoesNotHideTheNextOne)
@@ -95,6 +95,32 @@ TEST_F(Paths, EachBranchSeesTheConstantsOfItsOwnPath)
     // The two branches are no redefinition; b.per's definition is one on
     // every path.
     EXPECT_EQ(std::vector<std::string> {"b.per:1:11-1:14 W007"}, Where(report));
+}
+
+// Where an error breaks a block, the commands read inside it stay in their
+// branch: the other branch is another path, and what came before the error
+// holds on the block's path.
+TEST_F(Paths, ABlockBrokenByAnErrorKeepsItsPaths)
+{
+    std::pair<char const *, std::vector<std::string>> const rows[] = {
+        {"#load-if-defined GIANT-MAP\n"
+         "  (defrule (tru) => (do-nothing))\n"
+         "  (defconst c 1)\n"
+         "#else\n"
+         "  (defconst c 2)\n"
+         "#end-if\n"
+         "(defrule (goal c 1) => (do-nothing))\n",
+         {"main.per:2:13-2:15 E007"}},
+        {"#load-if-defined GIANT-MAP\n"
+         "  (defconst c 1)\n"
+         "  (defrule (tru) => (do-nothing))\n"
+         "#end-if\n"
+         "(defrule (goal c 1) => (do-nothing))\n"
+         "(load \"a\")\n",
+         {"main.per:3:13-3:15 E007", "a.per:1:11-1:11 W007"}},
+    };
+    for (auto const &[main, expected] : rows)
+        EXPECT_EQ(expected, Where(Run(main, {{"a.per", "(defconst c 2)"}}))) << main;
 }
 
 TEST_F(Paths, EveryFileIsReadOnceEvenInACycle)

@@ -11,37 +11,55 @@ class Reports : public CheckTest
 
 TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
 {
-    stratagem::CheckReport report
-        = Run("(defconst size 5)\n"
-              "(load \"a\")\n"
-              "#load-if-not-defined GIANT-MAP\n"
-              "  (defrule (goal size 1) => (do-nothing))\n"
-              "#else\n"
-              "  (load-random 30 \"a\" \"b\")\n"
-              "#end-if\n",
-              {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
-    ASSERT_EQ(0, report.errors);
-    ASSERT_EQ(3u, report.files.size());
-    // Kind, name, detail, range and selection range, depth first.
-    std::vector<std::string> items;
-    std::function<void(std::vector<stratagem::OutlineItem> const &)> add = [&](auto const &outline) {
-        for (stratagem::OutlineItem const &item : outline) {
-            items.push_back(std::to_string(static_cast<int>(item.kind)) + " " + item.name + " [" + item.detail + "] "
-                            + At(item.range) + " " + At(item.selectionRange));
-            add(item.children);
-        }
-    };
-    add(report.files[0].outline);
     using Kind = stratagem::OutlineKind;
     auto const kind = [](Kind k) { return std::to_string(static_cast<int>(k)) + " "; };
-    EXPECT_EQ((std::vector<std::string> {
-                  kind(Kind::Constant) + "size [5] 1:1-1:17 1:11-1:14",
-                  kind(Kind::Load) + "a [a.per] 2:1-2:10 2:7-2:9",
-                  kind(Kind::Block) + "GIANT-MAP [#load-if-not-defined] 3:1-7:7 3:22-3:30",
-                  kind(Kind::Rule) + "defrule [] 4:3-4:41 4:4-4:10",
-                  kind(Kind::LoadRandom) + "load-random [30% a, default b] 6:3-6:26 6:4-6:14",
-              }),
-              items);
+    // The main file, then kind, name, detail, range and selection range of each item, depth first. A block
+    // broken by an error keeps the commands read inside it.
+    std::pair<char const *, std::vector<std::string>> const rows[] = {
+        {"(defconst size 5)\n"
+         "(load \"a\")\n"
+         "#load-if-not-defined GIANT-MAP\n"
+         "  (defrule (goal size 1) => (do-nothing))\n"
+         "#else\n"
+         "  (load-random 30 \"a\" \"b\")\n"
+         "#end-if\n",
+         {
+             kind(Kind::Constant) + "size [5] 1:1-1:17 1:11-1:14",
+             kind(Kind::Load) + "a [a.per] 2:1-2:10 2:7-2:9",
+             kind(Kind::Block) + "GIANT-MAP [#load-if-not-defined] 3:1-7:7 3:22-3:30",
+             kind(Kind::Rule) + "defrule [] 4:3-4:41 4:4-4:10",
+             kind(Kind::LoadRandom) + "load-random [30% a, default b] 6:3-6:26 6:4-6:14",
+         }},
+        {"#load-if-defined GIANT-MAP\n"
+         "  (defconst c 1)\n"
+         "  (defrule (tru) => (do-nothing))\n"
+         "#else\n"
+         "  (defrule (true) => (do-nothing))\n"
+         "#end-if\n"
+         "(defrule (true) => (do-nothing))\n"
+         "#load-if-defined",
+         {
+             kind(Kind::Block) + "GIANT-MAP [#load-if-defined] 1:1-6:7 1:18-1:26",
+             kind(Kind::Constant) + "c [1] 2:3-2:16 2:13-2:13",
+             kind(Kind::Rule) + "defrule [] 5:3-5:34 5:4-5:10",
+             kind(Kind::Rule) + "defrule [] 7:1-7:32 7:2-7:8",
+             kind(Kind::Block) + "#load-if-defined [#load-if-defined] 8:1-8:16 8:1-8:16",
+         }},
+    };
+    for (auto const &[main, expected] : rows) {
+        stratagem::CheckReport report
+            = Run(main, {{"a.per", "(defrule (true) => (do-nothing))"}, {"b.per", "(defrule (true) => (do-nothing))"}});
+        std::vector<std::string> items;
+        std::function<void(std::vector<stratagem::OutlineItem> const &)> add = [&](auto const &outline) {
+            for (stratagem::OutlineItem const &item : outline) {
+                items.push_back(std::to_string(static_cast<int>(item.kind)) + " " + item.name + " [" + item.detail
+                                + "] " + At(item.range) + " " + At(item.selectionRange));
+                add(item.children);
+            }
+        };
+        add(report.files[0].outline);
+        EXPECT_EQ(expected, items) << main;
+    }
 }
 
 TEST_F(Reports, ConstantsUsesAndLoadsArePlaced)
