@@ -83,19 +83,25 @@ Json Item(std::string const &label, int kind, std::string const &detail, Json co
     return item;
 }
 
+bool Precedes(Range const &range, Range const &position)
+{
+    return range.endLine < position.line || (range.endLine == position.line && range.endColumn < position.column);
+}
+
 // Every constant the strategy defines, by name, with its definitions;
-// with `last`, only those of the files read up to that one: a file is read
-// whole before the files it loads, so the constants of those come too late
-// for it.
+// with `last`, only those of the files read up to that one, and in that
+// one only those defined before `before`: a file is read whole before the
+// files it loads, so the constants of those come too late for it.
 std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>>
-ConstantsOf(CheckReport const *report, FileReport const *last = nullptr)
+ConstantsOf(CheckReport const *report, FileReport const *last = nullptr, Range const *before = nullptr)
 {
     std::map<std::string, std::vector<std::pair<FileReport const *, ConstantDefinition const *>>> constants;
     if (!report)
         return constants;
     for (FileReport const &file : report->files) {
         for (ConstantDefinition const &constant : file.constants)
-            constants[constant.name].push_back({&file, &constant});
+            if (&file != last || !before || Precedes(constant.commandRange, *before))
+                constants[constant.name].push_back({&file, &constant});
         if (&file == last)
             break;
     }
@@ -302,7 +308,7 @@ Json Features::CompletionItems(CursorContext const &context, Document const &doc
                 items.push_back(Item(Name(sid), kItemEnumMember, accepted, edit));
         if (std::optional<int> const sample = SampleInteger(type)) {
             FileContext const strategy = m_workspace.ContextOf(document.path);
-            for (auto const &[name, definitions] : ConstantsOf(strategy.report, strategy.file))
+            for (auto const &[name, definitions] : ConstantsOf(strategy.report, strategy.file, &context.prefixRange))
                 if (AI_IsOfType(type, definitions.front().second->value))
                     items.push_back(
                         Item(name, kItemConstant, "= " + std::to_string(definitions.front().second->value), edit));

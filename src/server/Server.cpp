@@ -276,8 +276,10 @@ void Server::Configure(Json const &options)
             Warn("mainFiles: " + file.dump() + " is not a file name");
     }
     Json fields = options.value("settings", Json::object());
-    if (!fields.is_object())
+    if (!fields.is_object()) {
+        Warn("settings: " + fields.dump() + " is not an object of field names and integers");
         fields = Json::object();
+    }
     for (auto const &field : fields.items()) {
         SettingsField const *known = FindSettingsField(field.key().c_str());
         if (!known) {
@@ -297,8 +299,10 @@ void Server::Configure(Json const &options)
         }
         settings.settings.*known->pField = value;
     }
-    Json const defines = options.value("defines", Json::array());
-    for (Json const &word : defines.is_array() ? defines : Json::array()) {
+    Json defines = options.value("defines", Json::array());
+    if (!defines.is_array())
+        defines = Json::array({defines});  // one word alone
+    for (Json const &word : defines) {
         unsigned int const sid = word.is_string() ? AI_Symbol(word.get<std::string>().c_str()) : 0;
         if (!AI_IsDefine(sid) || !ApplyDefine(sid, settings.settings))
             Warn("defines: " + word.dump() + " is not a define word");

@@ -169,6 +169,8 @@ TEST_F(Features, WarnsAboutUnknownSettings)
                                          {{{"settings", {{"nMapSize", "big"}, {"noSuchField", 1}}}}, 2},
                                          {{{"settings", {{"nMapSize", 99}, {"nCiv", 1e9}}}}, 2},
                                          {{{"defines", {"NO-SUCH-WORD", 3}}}, 2},
+                                         {{{"defines", "NO-SUCH-WORD"}}, 1},
+                                         {{{"defines", "REGICIDE"}, {"settings", {5}}}, 1},
                                          {{{"mainFiles", "main.per"}}, 0},
                                          {{{"mainFiles", {"main.per", 7}}}, 1}};
     for (auto const &[options, expected] : rows) {
@@ -208,8 +210,8 @@ TEST_F(Features, Hovers)
 
 TEST_F(Features, CompletesByPosition)
 {
-    // Each row edits one line of the main file and completes at its end.
-    // The line, labels present, labels absent.
+    // Each row adds lines to the main file and completes at their end, or
+    // at the "|" they hold. The lines, labels present, labels absent.
     std::tuple<char const *, std::vector<std::string>, std::vector<std::string>> const rows[] = {
         {"(", {"defrule", "defconst", "load", "load-random"}, {"food-amount", "train"}},
         {"(defrule (", {"food-amount", "not", "xnor", "true"}, {"train", "defrule"}},
@@ -222,18 +224,21 @@ TEST_F(Features, CompletesByPosition)
         {"(defrule (food-amount < ", {"big", "goal-attack", "0"}, {"villager", "less-than"}},
         // 1 to 40: 500 does not fit; rules-goal is defined in a file read after this one.
         {"(defrule (true) => (set-goal ", {"goal-attack", "1"}, {"big", "0", "rules-goal"}},
+        // Not a constant defined further down: it is unknown where the cursor is.
+        {"(defconst early 3)\n(defrule (true) => (set-goal |\n(defconst later 5)\n", {"early"}, {"later"}},
         {"#", {"load-if-defined", "else", "end-if"}, {"defrule"}},
         {"#load-if-defined ", {"GIANT-MAP", "REGICIDE"}, {"villager"}},
         {"(load \"", {"rules", "giant", "broken"}, {"main", "rules.per"}},
         {"(defrule (true) => (train villager)) ", {}, {"villager", "train", "defrule"}},
     };
     for (auto const &[edit, present, absent] : rows) {
-        std::string const text = servertest::ReadFile(servertest::DataPath(kMain)) + edit;
-        int const line = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+        std::string text = servertest::ReadFile(servertest::DataPath(kMain)) + edit;
+        std::size_t const cursor = std::min(text.find('|'), text.size());
+        text.erase(cursor, 1);
+        int const line = static_cast<int>(std::count(text.begin(), text.begin() + cursor, '\n'));
+        int const character = static_cast<int>(cursor - text.rfind('\n', cursor - 1) - 1);
         Session session;
-        session.Initialize()
-            .Open(kMain, text)
-            .Request(1, "textDocument/completion", At(kMain, line, static_cast<int>(std::strlen(edit))));
+        session.Initialize().Open(kMain, text).Request(1, "textDocument/completion", At(kMain, line, character));
         std::set<std::string> const labels = Labels(ResponseTo(session.Run(), 1)["result"]);
         for (std::string const &label : present)
             EXPECT_EQ(1u, labels.count(label)) << edit << " lacks " << label;
