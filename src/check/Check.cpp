@@ -284,6 +284,23 @@ public:
     {
         m_directives.push_back({nKeyword, whole, word});
     }
+    // An outline keeps a command while it is being written.
+    void BrokenCommand(int nKeyword, AI_Span whole, AI_Span keyword) override
+    {
+        if (!m_options.fileReports)
+            return;
+        Piece piece;
+        piece.whole = whole;
+        OutlineItem &item = piece.item;
+        item.kind = nKeyword == TOK_RW_DEFCONST ? OutlineKind::Constant
+            : nKeyword == TOK_RW_LOAD           ? OutlineKind::Load
+            : nKeyword == TOK_RW_LOAD_RANDOM    ? OutlineKind::LoadRandom
+                                                : OutlineKind::Rule;
+        item.name = Source(keyword);
+        item.range = ToRange(whole);
+        item.selectionRange = ToRange(keyword);
+        m_pieces.push_back(std::move(piece));
+    }
     // The command just read went into this list.
     void CommandList(AI_CCommandList *, AI_Span) override {}
     void CommandListed(int nList) override
@@ -590,6 +607,8 @@ private:
                 block.item.range = ToRange(block.whole);
             add(block);
         };
+        std::stable_sort(m_pieces.begin(), m_pieces.end(),
+                         [](Piece const &a, Piece const &b) { return a.whole.nBegin < b.whole.nBegin; });
         std::size_t nDirective = 0;
         for (std::size_t nPiece = 0; nPiece <= m_pieces.size(); ++nPiece) {
             int const nBegin = nPiece < m_pieces.size() ? m_pieces[nPiece].whole.nBegin : INT_MAX;

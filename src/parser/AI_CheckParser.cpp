@@ -131,25 +131,44 @@ public:
             Token const &first = m_ring[(m_nDelivered - 2) % kRing];
             Token const &second = Last();
             if (first.nIndex > m_nRunIndex && BeginsCommand(first.nCode, second.nCode)) {
+                ReportBroken(EndOfDelivered(3));
                 Restart(first, second, m_nOrphans + m_nDepthBefore);
                 return true;
             }
         }
-        if (m_nDelivered == 0 || IsEnd(Last().nCode))
+        if (m_nDelivered == 0 || IsEnd(Last().nCode)) {
+            ReportBroken(EndOfDelivered(2));
             return false;
+        }
         int nDepth = m_nOrphans + m_nDepth;
         Token previous = Last();
+        // Where the broken command ends: at `previous`, or at the token
+        // before it once it begins what comes next; never past a directive.
+        int nEnd = previous.span.nEnd;
+        int nEndBefore = EndOfDelivered(2);
+        bool bDirective = false;
         for (;;) {
             Token token = Pull();
-            if (IsEnd(token.nCode))
+            if (IsEnd(token.nCode)) {
+                ReportBroken(nEnd);
                 return false;
+            }
             ReportScanError(token);
             if (BeginsCommand(previous.nCode, token.nCode)
                 || (nDepth == 0 && ClosesBlock(previous.nCode, token.nCode))) {
+                ReportBroken(bDirective ? nEnd : nEndBefore);
                 Restart(previous, token, nDepth);
                 return true;
             }
+            if (!bDirective && previous.nCode == '#' && IsDirective(token.nCode)) {
+                bDirective = true;
+                nEnd = nEndBefore;
+            }
             nDepth = std::max(0, nDepth + DepthChange(previous.nCode, token.nCode));
+            if (!bDirective) {
+                nEndBefore = nEnd;
+                nEnd = token.span.nEnd;
+            }
             previous = token;
         }
     }
@@ -158,6 +177,8 @@ public:
     // arguments, and passes everything on.
     void Command(AI_CCommand *pCommand, AI_Span whole, AI_Span name) override
     {
+        if (whole.nBegin == m_command.nBegin)
+            m_command.nBegin = -1;  // read whole
         m_listener.Command(pCommand, whole, name);
     }
     void CommandList(AI_CCommandList *pCommands, AI_Span whole) override
@@ -189,6 +210,18 @@ private:
     static bool IsEnd(int nCode) { return nCode == 0 || nCode == AI_TOKEN_OPEN_STRING; }
 
     Token const &Last() const { return m_ring[(m_nDelivered - 1) % kRing]; }
+
+    // The end of the n-th last token handed to the grammar; -1 when there
+    // is none.
+    int EndOfDelivered(int n) const { return m_nDelivered >= n ? m_ring[(m_nDelivered - n) % kRing].span.nEnd : -1; }
+
+    // The command begun last, if the error cut it short, runs to nEnd.
+    void ReportBroken(int nEnd)
+    {
+        if (m_command.nBegin >= 0 && nEnd > m_command.nBegin)
+            m_listener.BrokenCommand(m_nCommandKeyword, {m_command.nBegin, nEnd}, m_keyword);
+        m_command.nBegin = -1;
+    }
 
     Token Pull()
     {
@@ -235,6 +268,11 @@ private:
         int nPrevious = m_nDelivered > 0 ? Last().nCode : 0;
         if (m_nDelivered == 0)
             m_nRunBegin = token.span.nBegin;
+        if (nPrevious == '(' && IsCommandKeyword(token.nCode)) {
+            m_command = {Last().span.nBegin, token.span.nEnd};
+            m_nCommandKeyword = token.nCode;
+            m_keyword = token.span;
+        }
         Token &slot = m_ring[m_nDelivered++ % kRing];
         slot = token;
         m_nDepthBefore = m_nDepth;
@@ -310,6 +348,9 @@ private:
     bool m_bInActions = false;
     AI_CCommandList *m_pTopList = nullptr;
     std::vector<AI_Span> m_arguments;
+    AI_Span m_command = {-1, -1};  // the command begun last, while it is not read whole
+    int m_nCommandKeyword = 0;
+    AI_Span m_keyword = {0, 0};
     Token m_scanned;               // the token scanned last
     int m_nOpening = 0;            // an opening directive waiting for its word
     AI_Span m_directive = {0, 0};  // ... and where it is

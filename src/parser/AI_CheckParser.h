@@ -31,6 +31,10 @@ public:
     // through the keyword; `word` is the word after an opening directive
     // (empty, at the end of `whole`, when no word follows).
     virtual void Directive(int nKeyword, AI_Span whole, AI_Span word) = 0;
+    // A command an error cut short: nKeyword is the token code of its
+    // keyword, `whole` runs from its "(" to the last token before the
+    // command or directive where reading goes on (or to the end of the text).
+    virtual void BrokenCommand(int nKeyword, AI_Span whole, AI_Span keyword) = 0;
 };
 
 class AI_CCheckParser : public AI_CParser

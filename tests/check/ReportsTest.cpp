@@ -41,9 +41,24 @@ TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
          {
              kind(Kind::Block) + "GIANT-MAP [#load-if-defined] 1:1-6:7 1:18-1:26",
              kind(Kind::Constant) + "c [1] 2:3-2:16 2:13-2:13",
+             kind(Kind::Rule) + "defrule [] 3:3-3:33 3:4-3:10",
              kind(Kind::Rule) + "defrule [] 5:3-5:34 5:4-5:10",
              kind(Kind::Rule) + "defrule [] 7:1-7:32 7:2-7:8",
              kind(Kind::Block) + "#load-if-defined [#load-if-defined] 8:1-8:16 8:1-8:16",
+         }},
+        // Commands being written stay in the outline, up to where reading goes on.
+        {"(defrule (tru\n"
+         "(defconst x 1)\n"
+         "(defrule (true) => (build house\n"
+         "#load-if-defined GIANT-MAP (load \"a\" #end-if\n"
+         "(load-random",
+         {
+             kind(Kind::Rule) + "defrule [] 1:1-1:13 1:2-1:8",
+             kind(Kind::Constant) + "x [1] 2:1-2:14 2:11-2:11",
+             kind(Kind::Rule) + "defrule [] 3:1-3:31 3:2-3:8",
+             kind(Kind::Block) + "GIANT-MAP [#load-if-defined] 4:1-4:44 4:18-4:26",
+             kind(Kind::Load) + "load [] 4:28-4:36 4:29-4:32",
+             kind(Kind::LoadRandom) + "load-random [] 5:1-5:12 5:2-5:12",
          }},
     };
     for (auto const &[main, expected] : rows) {
