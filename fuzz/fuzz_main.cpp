@@ -111,6 +111,36 @@ public:
     }
 };
 
+// What a report says, in one string: enough to tell two reports apart.
+std::string Summary(stratagem::CheckReport const &report)
+{
+    std::string text;
+    for (stratagem::Diagnostic const &d : report.diagnostics)
+        text += d.file + ":" + std::to_string(d.range.line) + ":" + std::to_string(d.range.column) + "-"
+            + std::to_string(d.range.endLine) + ":" + std::to_string(d.range.endColumn) + " " + d.code + " " + d.message
+            + " <- " + std::to_string(d.loadedFrom.size()) + "\n";
+    for (stratagem::FileReport const &file : report.files)
+        text += file.file + " " + std::to_string(file.outline.size()) + " " + std::to_string(file.constants.size())
+            + " " + std::to_string(file.constantUses.size()) + " " + std::to_string(file.loads.size()) + "\n";
+    return text;
+}
+
+// Two checks with a cache, the second taking over every file the first
+// read, say what a check without it says.
+void CheckWithCache(stratagem::CheckOptions options, stratagem::CheckReport const &fresh)
+{
+    stratagem::CheckCache cache;
+    options.cache = &cache;
+    stratagem::Check(g_pSandbox->InputFile(), options);
+    stratagem::CheckReport const again = stratagem::Check(g_pSandbox->InputFile(), options);
+    if (Summary(again) != Summary(fresh)) {
+        std::cerr << "a check that took over what the one before read differs:\n"
+                  << Summary(fresh) << "---\n"
+                  << Summary(again);
+        std::abort();
+    }
+}
+
 void CheckAllPaths()
 {
     SandboxSources sources;
@@ -122,6 +152,7 @@ void CheckAllPaths()
         if (sources.Read(g_pSandbox->InputFile(), text, nError))
             stratagem::Tokenize(text);
         stratagem::CheckReport report = stratagem::Check(g_pSandbox->InputFile(), options);
+        CheckWithCache(options, report);
         if (g_bVerbose)
             for (stratagem::Diagnostic const &diagnostic : report.diagnostics)
                 std::cerr << "[check] " << diagnostic.file << ":" << diagnostic.range.line << ":"
