@@ -74,6 +74,9 @@ struct Fixture
     std::string editedText;
     int editLine = 0;  // a line holding a fact call, edited in place
     int editLineLength = 0;
+    int constantLine = -1;  // the first constant definition of the edited file
+    int constantValue = 0;  // where its value begins
+    int constantLength = 0;
     int hoverCharacter = 0;
 
     static Fixture &Get()
@@ -113,6 +116,15 @@ private:
                 break;
             }
         }
+        lines.clear();
+        lines.seekg(0);
+        for (int n = 0; std::getline(lines, line); ++n)
+            if (line.rfind("(defconst ", 0) == 0 && line.back() == ')') {
+                constantLine = n;
+                constantValue = static_cast<int>(line.rfind(' ')) + 1;
+                constantLength = static_cast<int>(line.size()) - 1 - constantValue;
+                break;
+            }
     }
 
 public:
@@ -162,6 +174,23 @@ public:
              {"params", {{"textDocument", {{"uri", m_uri}, {"version", ++m_version}}}, {"contentChanges", {change}}}}});
     }
 
+    // Gives the first constant of the edited file another value (1, 2 or
+    // 3 in turn): the files read after it see another value, so they are
+    // read again too.
+    void EditConstant()
+    {
+        Fixture &fixture = Fixture::Get();
+        int &length = fixture.constantLength;
+        std::string const value = std::to_string(1 + m_version % 3);
+        Json const start = {{"line", fixture.constantLine}, {"character", fixture.constantValue}};
+        Json const end = {{"line", fixture.constantLine}, {"character", fixture.constantValue + length}};
+        length = static_cast<int>(value.size());
+        Send({{"method", "textDocument/didChange"},
+              {"params",
+               {{"textDocument", {{"uri", m_uri}, {"version", ++m_version}}},
+                {"contentChanges", {{{"range", {{"start", start}, {"end", end}}}, {"text", value}}}}}}});
+    }
+
     void Request(std::string const &method, int character)
     {
         Json const position = {{"line", Fixture::Get().editLine}, {"character", character}};
@@ -199,6 +228,18 @@ void BM_EditToDiagnostics(benchmark::State &state)
     Editor editor;
     for (auto _ : state)
         editor.Edit();
+}
+
+// The worst edit: a constant's value, which every file read later may see.
+void BM_ConstantEditToDiagnostics(benchmark::State &state)
+{
+    if (Fixture::Get().constantLine < 0) {
+        state.SkipWithError("the edited file defines no constant");
+        return;
+    }
+    Editor editor;
+    for (auto _ : state)
+        editor.EditConstant();
 }
 
 // One request right after an edit; only the request is timed.
@@ -261,6 +302,11 @@ BENCHMARK(BM_EditToDiagnostics)
     ->Iterations(20)
     ->Repetitions(5)
     ->ReportAggregatesOnly(true);
+BENCHMARK(BM_ConstantEditToDiagnostics)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
 BENCHMARK(BM_CompletionAfterEdit)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(20)
@@ -299,6 +345,8 @@ int main(int argc, char **argv)
         ok = ok && median <= bar.limit;
         std::printf("%-32s %10.2f %10.1f %s\n", bar.what, median, bar.limit, median <= bar.limit ? "ok" : "MISSED");
     }
+    std::printf("%-32s %10.2f %10s\n", "edit of a constant's value", summary.medians["BM_ConstantEditToDiagnostics"],
+                "-");
     bool const memoryOk = summary.growth <= kMemoryBarPercent;
     std::printf("resident memory: %.0f KiB after the first edit, %.0f KiB after %d more (%+.2f%%, bar %.0f%%) %s\n",
                 summary.first, summary.after, kEdits, summary.growth, kMemoryBarPercent, memoryOk ? "ok" : "MISSED");
