@@ -6,7 +6,7 @@ const vscode = require('vscode');
 const { LanguageClient, TransportKind, DidChangeConfigurationNotification } = require('vscode-languageclient/node');
 const { SECTION, analysisOptions, serverCommand } = require('./config');
 
-const SCRIPT_FILES = '**/*.{per,ai}';
+const SCRIPT_FILES = '**/*.per';
 
 let client;
 let output;
