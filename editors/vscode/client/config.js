@@ -2,6 +2,7 @@
 // What the extension hands the language server, worked out from the
 // `stratagem.*` settings. Kept apart from the VS Code API so it can be
 // tested on its own.
+const fs = require('fs');
 const path = require('path');
 
 const SECTION = 'stratagem';
@@ -40,4 +41,26 @@ function serverCommand(serverPath, workspaceFolder, homeDir) {
   return path.resolve(workspaceFolder, given);
 }
 
-module.exports = { SECTION, ANALYSIS_KEYS, analysisOptions, serverCommand };
+function isExecutableFile(file) {
+  try {
+    fs.accessSync(file, fs.constants.X_OK);
+    return fs.statSync(file).isFile();
+  } catch {
+    return false;
+  }
+}
+
+// The executable file the command names, looking a bare name up on the
+// directories of searchPath (PATH) as spawning it would; undefined when there
+// is none, so that a missing server is told apart from one that fails.
+function locateProgram(command, searchPath) {
+  if (command.includes('/')) return isExecutableFile(command) ? command : undefined;
+  for (const directory of (searchPath || '').split(path.delimiter)) {
+    if (directory === '') continue;
+    const candidate = path.join(directory, command);
+    if (isExecutableFile(candidate)) return candidate;
+  }
+  return undefined;
+}
+
+module.exports = { SECTION, ANALYSIS_KEYS, analysisOptions, serverCommand, locateProgram };
