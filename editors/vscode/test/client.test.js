@@ -98,7 +98,7 @@ function changeOf(...sections) {
 const last = () => world.clients[world.clients.length - 1];
 
 // ---- the settings handed to the server ---------------------------------------
-test('analysis options keep well-formed values and drop the rest', () => {
+test('analysis options are sent as written, unset ones empty, for the server to take or report', () => {
   const cases = [
     { given: {}, want: { mainFiles: [], settings: {}, defines: [] } },
     {
@@ -106,12 +106,12 @@ test('analysis options keep well-formed values and drop the rest', () => {
       want: { mainFiles: ['main.per', 'ai/other.per'], settings: { nMapSize: 5, bRegicide: 1 }, defines: ['GIANT-MAP'] },
     },
     {
-      given: { mainFiles: 'main.per', settings: [3], defines: null },
-      want: { mainFiles: [], settings: {}, defines: [] },
+      given: { mainFiles: 'main.per', settings: null, defines: 'REGICIDE' },
+      want: { mainFiles: 'main.per', settings: {}, defines: 'REGICIDE' },
     },
     {
-      given: { mainFiles: ['a.per', 7, '', null], settings: { nMapSize: '5', nCiv: 2.5, nDifficulty: -1 }, defines: ['X', {}] },
-      want: { mainFiles: ['a.per'], settings: { nDifficulty: -1 }, defines: ['X'] },
+      given: { mainFiles: ['a.per', 7], settings: { nMapSize: '5', nCiv: 2.5 }, defines: [{}] },
+      want: { mainFiles: ['a.per', 7], settings: { nMapSize: '5', nCiv: 2.5 }, defines: [{}] },
     },
   ];
   for (const { given, want } of cases) assert.deepEqual(analysisOptions((key) => given[key]), want, JSON.stringify(given));
