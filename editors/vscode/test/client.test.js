@@ -151,6 +151,10 @@ test('every setting the client reads is declared in the manifest', () => {
   const declared = Object.keys(manifest.contributes.configuration.properties);
   const read = ['serverPath', ...Object.keys(ANALYSIS_KEYS)].map((key) => `stratagem.${key}`);
   assert.deepEqual([...declared].sort(), [...read].sort());
+  // In an untrusted folder the program to run comes from user settings only.
+  const { restrictedConfigurations } = manifest.capabilities.untrustedWorkspaces;
+  assert.ok(restrictedConfigurations.every((key) => declared.includes(key)), String(restrictedConfigurations));
+  assert.ok(restrictedConfigurations.includes('stratagem.serverPath'));
 });
 
 // ---- the extension's life ----------------------------------------------------
