@@ -2,30 +2,24 @@
 // What the extension hands the language server, worked out from the
 // `stratagem.*` settings. Kept apart from the VS Code API so it can be
 // tested on its own.
+const fs = require('fs');
 const path = require('path');
 
 const SECTION = 'stratagem';
 
-// The settings the server reads, with the shape each must have; anything
-// else a user wrote is left out rather than sent malformed.
-const isStringArray = (value) => Array.isArray(value);
-const ANALYSIS_KEYS = {
-  mainFiles: { empty: () => [], accept: isStringArray, clean: (v) => v.filter((s) => typeof s === 'string' && s !== '') },
-  settings: {
-    empty: () => ({}),
-    accept: (v) => v !== null && typeof v === 'object' && !Array.isArray(v),
-    clean: (v) => Object.fromEntries(Object.entries(v).filter(([, n]) => Number.isInteger(n))),
-  },
-  defines: { empty: () => [], accept: isStringArray, clean: (v) => v.filter((s) => typeof s === 'string' && s !== '') },
-};
+// The settings the server reads, each with the value it takes when unset.
+// A value is sent as the user wrote it: the server takes a single word for a
+// list of one and reports, as a warning the editor shows, a value it cannot
+// use, where dropping it here would leave the user guessing.
+const ANALYSIS_KEYS = { mainFiles: () => [], settings: () => ({}), defines: () => [] };
 
 // initializationOptions, and the `settings` of workspace/didChangeConfiguration:
 // { mainFiles: [path relative to the workspace folder], settings: { field: integer }, defines: [word] }.
 function analysisOptions(get) {
   const options = {};
-  for (const [key, shape] of Object.entries(ANALYSIS_KEYS)) {
+  for (const [key, unset] of Object.entries(ANALYSIS_KEYS)) {
     const value = get(key);
-    options[key] = shape.accept(value) ? shape.clean(value) : shape.empty();
+    options[key] = value === undefined || value === null ? unset() : value;
   }
   return options;
 }
@@ -40,4 +34,26 @@ function serverCommand(serverPath, workspaceFolder, homeDir) {
   return path.resolve(workspaceFolder, given);
 }
 
-module.exports = { SECTION, ANALYSIS_KEYS, analysisOptions, serverCommand };
+function isExecutableFile(file) {
+  try {
+    fs.accessSync(file, fs.constants.X_OK);
+    return fs.statSync(file).isFile();
+  } catch {
+    return false;
+  }
+}
+
+// The executable file the command names, looking a bare name up on the
+// directories of searchPath (PATH) as spawning it would; undefined when there
+// is none, so that a missing server is told apart from one that fails.
+function locateProgram(command, searchPath) {
+  if (command.includes('/')) return isExecutableFile(command) ? command : undefined;
+  for (const directory of (searchPath || '').split(path.delimiter)) {
+    if (directory === '') continue;
+    const candidate = path.join(directory, command);
+    if (isExecutableFile(candidate)) return candidate;
+  }
+  return undefined;
+}
+
+module.exports = { SECTION, ANALYSIS_KEYS, analysisOptions, serverCommand, locateProgram };

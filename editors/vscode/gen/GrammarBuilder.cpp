@@ -186,7 +186,7 @@ json BuildGrammar()
              {"Generated from the vocabulary registry of libstratagem by GenerateGrammar: do not edit by hand."}},
             {"name", "Stratagem"},
             {"scopeName", "source.stratagem"},
-            {"fileTypes", {"per", "ai"}},
+            {"fileTypes", {"per"}},
             {"patterns", patterns},
             {"repository", repository}};
 }

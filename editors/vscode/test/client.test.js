@@ -3,12 +3,13 @@
 // library: what it starts, what it sends, and when it restarts.
 const test = require('node:test');
 const assert = require('node:assert/strict');
+const fs = require('fs');
 const Module = require('module');
 const os = require('os');
 const path = require('path');
 
 // ---- stand-ins ---------------------------------------------------------------
-const world = { settings: {}, folders: [], clients: [], errors: [], handlers: {}, commands: {} };
+const world = { settings: {}, folders: [], clients: [], errors: [], handlers: {}, commands: {}, watchers: [], executed: [] };
 
 class FakeLanguageClient {
   constructor(id, name, serverOptions, clientOptions) {
@@ -16,7 +17,8 @@ class FakeLanguageClient {
     world.clients.push(this);
   }
   async start() {
-    if (world.failStart) throw new Error('spawn stratagem-lsp ENOENT');
+    await new Promise(setImmediate); // a real start waits for the server's answer
+    if (world.failStart) throw new Error('spawn stratagem-lsp EACCES');
     this.running = true;
   }
   async stop() {
@@ -37,13 +39,20 @@ const fakeVscode = {
       return world.folders.map((fsPath) => ({ uri: { fsPath } }));
     },
     onDidChangeConfiguration: (handler) => ((world.handlers.configuration = handler), { dispose() {} }),
-    createFileSystemWatcher: (glob) => ({ glob, dispose() {} }),
+    createFileSystemWatcher: (glob) => {
+      const watcher = { glob, dispose() {} };
+      world.watchers.push(watcher);
+      return watcher;
+    },
   },
   window: {
     createOutputChannel: (name) => ({ name, dispose() {} }),
-    showErrorMessage: (message) => world.errors.push(message),
+    showErrorMessage: async (message, ...actions) => (world.errors.push({ message, actions }), world.choice),
   },
-  commands: { registerCommand: (name, handler) => ((world.commands[name] = handler), { dispose() {} }) },
+  commands: {
+    registerCommand: (name, handler) => ((world.commands[name] = handler), { dispose() {} }),
+    executeCommand: async (...args) => world.executed.push(args),
+  },
 };
 
 const fakeClientLibrary = {
@@ -59,11 +68,27 @@ Module._load = function load(request, ...rest) {
   return originalLoad.call(this, request, ...rest);
 };
 const extension = require('../client/extension');
-const { analysisOptions, serverCommand, ANALYSIS_KEYS } = require('../client/config');
+const { analysisOptions, serverCommand, locateProgram, ANALYSIS_KEYS } = require('../client/config');
 const manifest = require('../package.json');
 
-function reset(settings, folders = ['/work/strategy']) {
-  Object.assign(world, { settings, folders, clients: [], errors: [], handlers: {}, commands: {}, failStart: false });
+// A workspace folder with bin/stratagem-lsp, and stratagem-lsp on PATH.
+const scratch = fs.mkdtempSync(path.join(os.tmpdir(), 'stratagem-client-'));
+const workspace = path.join(scratch, 'strategy');
+const onPath = path.join(scratch, 'path');
+function program(file, mode = 0o755) {
+  fs.mkdirSync(path.dirname(file), { recursive: true });
+  fs.writeFileSync(file, '#!/bin/sh\n', { mode });
+  return file;
+}
+program(path.join(workspace, 'bin', 'stratagem-lsp'));
+program(path.join(onPath, 'stratagem-lsp'));
+program(path.join(scratch, 'plain-file'), 0o644);
+process.env.PATH = onPath;
+test.after(() => fs.rmSync(scratch, { recursive: true, force: true }));
+
+function reset(settings, folders = [workspace]) {
+  Object.assign(world, { settings, folders, clients: [], errors: [], handlers: {}, commands: {}, watchers: [], executed: [] });
+  Object.assign(world, { failStart: false, choice: undefined });
 }
 
 function changeOf(...sections) {
@@ -73,7 +98,7 @@ function changeOf(...sections) {
 const last = () => world.clients[world.clients.length - 1];
 
 // ---- the settings handed to the server ---------------------------------------
-test('analysis options keep well-formed values and drop the rest', () => {
+test('analysis options are sent as written, unset ones empty, for the server to take or report', () => {
   const cases = [
     { given: {}, want: { mainFiles: [], settings: {}, defines: [] } },
     {
@@ -81,12 +106,12 @@ test('analysis options keep well-formed values and drop the rest', () => {
       want: { mainFiles: ['main.per', 'ai/other.per'], settings: { nMapSize: 5, bRegicide: 1 }, defines: ['GIANT-MAP'] },
     },
     {
-      given: { mainFiles: 'main.per', settings: [3], defines: null },
-      want: { mainFiles: [], settings: {}, defines: [] },
+      given: { mainFiles: 'main.per', settings: null, defines: 'REGICIDE' },
+      want: { mainFiles: 'main.per', settings: {}, defines: 'REGICIDE' },
     },
     {
-      given: { mainFiles: ['a.per', 7, '', null], settings: { nMapSize: '5', nCiv: 2.5, nDifficulty: -1 }, defines: ['X', {}] },
-      want: { mainFiles: ['a.per'], settings: { nDifficulty: -1 }, defines: ['X'] },
+      given: { mainFiles: ['a.per', 7], settings: { nMapSize: '5', nCiv: 2.5 }, defines: [{}] },
+      want: { mainFiles: ['a.per', 7], settings: { nMapSize: '5', nCiv: 2.5 }, defines: [{}] },
     },
   ];
   for (const { given, want } of cases) assert.deepEqual(analysisOptions((key) => given[key]), want, JSON.stringify(given));
@@ -107,10 +132,29 @@ test('the server program is found on PATH, from the workspace folder or from hom
   for (const { given, folder, want } of cases) assert.equal(serverCommand(given, folder, home), want, String(given));
 });
 
+test('a missing or unusable server program is found missing before it is started', () => {
+  const cases = [
+    { command: 'stratagem-lsp', searchPath: onPath, want: path.join(onPath, 'stratagem-lsp') },
+    { command: 'stratagem-lsp', searchPath: ['', scratch, onPath, workspace].join(path.delimiter), want: path.join(onPath, 'stratagem-lsp') },
+    { command: 'stratagem-lsp', searchPath: scratch, want: undefined },
+    { command: 'stratagem-lsp', searchPath: undefined, want: undefined },
+    { command: 'plain-file', searchPath: scratch, want: undefined },
+    { command: 'bin', searchPath: workspace, want: undefined },
+    { command: path.join(workspace, 'bin', 'stratagem-lsp'), searchPath: '', want: path.join(workspace, 'bin', 'stratagem-lsp') },
+    { command: path.join(workspace, 'bin'), searchPath: onPath, want: undefined },
+    { command: path.join(scratch, 'plain-file'), searchPath: onPath, want: undefined },
+  ];
+  for (const { command, searchPath, want } of cases) assert.equal(locateProgram(command, searchPath), want, `${command} on ${searchPath}`);
+});
+
 test('every setting the client reads is declared in the manifest', () => {
   const declared = Object.keys(manifest.contributes.configuration.properties);
   const read = ['serverPath', ...Object.keys(ANALYSIS_KEYS)].map((key) => `stratagem.${key}`);
   assert.deepEqual([...declared].sort(), [...read].sort());
+  // In an untrusted folder the program to run comes from user settings only.
+  const { restrictedConfigurations } = manifest.capabilities.untrustedWorkspaces;
+  assert.ok(restrictedConfigurations.every((key) => declared.includes(key)), String(restrictedConfigurations));
+  assert.ok(restrictedConfigurations.includes('stratagem.serverPath'));
 });
 
 // ---- the extension's life ----------------------------------------------------
@@ -121,16 +165,19 @@ test('activation starts the configured server with the analysis options', async 
   assert.equal(world.clients.length, 1);
   const client = last();
   assert.equal(client.running, true);
-  assert.equal(client.serverOptions.run.command, path.join('/work/strategy', 'bin/stratagem-lsp'));
+  assert.equal(client.serverOptions.run.command, path.join(workspace, 'bin/stratagem-lsp'));
   assert.deepEqual(client.clientOptions.initializationOptions, { mainFiles: ['main.per'], settings: {}, defines: ['REGICIDE'] });
   assert.ok(client.clientOptions.documentSelector.every((selector) => selector.language === manifest.contributes.languages[0].id));
-  const watched = client.clientOptions.synchronize.fileEvents.glob;
-  for (const suffix of manifest.contributes.languages[0].extensions) assert.ok(watched.includes(suffix.slice(1)), suffix);
-  assert.ok(world.commands['stratagem.restartServer'], 'restart command registered');
+  const watcher = client.clientOptions.synchronize.fileEvents;
+  for (const suffix of manifest.contributes.languages[0].extensions) assert.ok(watcher.glob.includes(suffix.slice(1)), suffix);
+  assert.ok(context.subscriptions.includes(watcher), 'the watcher is disposed with the extension');
   assert.ok(manifest.contributes.commands.some((c) => c.command === 'stratagem.restartServer'));
-  assert.equal(context.subscriptions.length, 3);
+  await world.commands['stratagem.restartServer']();
+  assert.equal(world.clients.length, 2);
+  assert.equal(last().clientOptions.synchronize.fileEvents, watcher, 'a restart keeps the one watcher');
+  assert.equal(world.watchers.length, 1);
   await extension.deactivate();
-  assert.equal(client.running, false);
+  assert.ok(world.clients.every((c) => !c.running));
 });
 
 test('a change of analysis settings is sent to the running server; a new server path restarts it', async () => {
@@ -152,26 +199,45 @@ test('a change of analysis settings is sent to the running server; a new server 
   ]);
   assert.equal(world.clients.length, 1, 'no restart for analysis settings');
 
-  world.settings['stratagem.serverPath'] = '/usr/local/bin/stratagem-lsp';
+  world.settings['stratagem.serverPath'] = path.join(workspace, 'bin', 'stratagem-lsp');
   await world.handlers.configuration(changeOf('stratagem.serverPath'));
   assert.equal(world.clients.length, 2);
   assert.equal(first.running, false, 'the old server is stopped');
   assert.equal(last().running, true);
-  assert.equal(last().serverOptions.run.command, '/usr/local/bin/stratagem-lsp');
+  assert.equal(last().serverOptions.run.command, path.join(workspace, 'bin', 'stratagem-lsp'));
   assert.deepEqual(last().clientOptions.initializationOptions.settings, { nMapSize: 5 });
+
+  // Changes that come faster than a server starts still leave one server.
+  world.settings['stratagem.serverPath'] = 'stratagem-lsp';
+  await Promise.all([
+    world.handlers.configuration(changeOf('stratagem.serverPath')),
+    world.handlers.configuration(changeOf('stratagem.serverPath')),
+    world.commands['stratagem.restartServer'](),
+  ]);
+  assert.equal(world.clients.filter((c) => c.running).length, 1);
+  assert.equal(last().running, true);
   await extension.deactivate();
 });
 
-test('a server that cannot start is reported, and fixing the path starts it', async () => {
-  reset({});
-  world.failStart = true;
+test('a server that is missing or cannot start is reported, and fixing the path starts it', async () => {
+  reset({ 'stratagem.serverPath': 'stratagem-lsp-missing' });
+  world.choice = 'Open Settings';
   await extension.activate({ subscriptions: [] });
+  assert.equal(world.clients.length, 0, 'nothing is started for a missing program');
   assert.equal(world.errors.length, 1);
-  assert.match(world.errors[0], /stratagem-lsp.*ENOENT.*stratagem\.serverPath/);
+  assert.match(world.errors[0].message, /cannot find .*stratagem-lsp-missing.*PATH.*stratagem\.serverPath/);
+  await new Promise(setImmediate);
+  assert.deepEqual(world.executed, [['workbench.action.openSettings', 'stratagem.serverPath']]);
+
+  world.failStart = true;
+  world.settings['stratagem.serverPath'] = 'bin/stratagem-lsp';
+  await world.handlers.configuration(changeOf('stratagem.serverPath'));
+  assert.equal(world.errors.length, 2);
+  assert.match(world.errors[1].message, /cannot start .*bin\/stratagem-lsp.*EACCES/);
 
   world.failStart = false;
-  world.settings['stratagem.serverPath'] = os.tmpdir() + '/stratagem-lsp';
-  await world.handlers.configuration(changeOf('stratagem.serverPath'));
-  assert.equal(last().running, true);
+  await world.handlers.configuration(changeOf('stratagem.defines'));
+  assert.equal(last().running, true, 'a server that is not running is started by any change');
+  assert.equal(world.errors.length, 2);
   await extension.deactivate();
 });

@@ -3,6 +3,7 @@
 const test = require('node:test');
 const assert = require('node:assert/strict');
 const configuration = require('../language-configuration.json');
+const manifest = require('../package.json');
 
 test('comments, brackets and auto-closing pairs', () => {
   assert.equal(configuration.comments.lineComment, ';');
@@ -48,4 +49,12 @@ test('a line that closes a parenthesis or a block is outdented', () => {
 test('a word is a whole run of symbol characters', () => {
   const word = new RegExp(configuration.wordPattern, 'g');
   assert.deepEqual('(food-amount >= sn_x-2)'.match(word), ['food-amount', '>=', 'sn_x-2']);
+});
+
+test('double-click selects the same whole words as the word pattern', () => {
+  const separators = manifest.contributes.configurationDefaults['[stratagem]']['editor.wordSeparators'];
+  const line = '(food-amount >= sn_x-2)(train "archer-line") ; -5 #load-if-defined GIANT-MAP';
+  const clicked = [...line].map((c) => (separators.includes(c) || /\s/.test(c) ? ' ' : c)).join('').split(' ').filter(Boolean);
+  const words = line.match(new RegExp(configuration.wordPattern, 'g')).filter((w) => /[A-Za-z0-9_-]/.test(w));
+  assert.deepEqual(clicked, words);
 });
