@@ -78,7 +78,7 @@ TEST_F(GrammarBuilder, WordsTestCoversEveryWordWithItsScope)
     EXPECT_EQ(text.rfind("; SYNTAX TEST \"source.stratagem\"", 0), 0u);
     std::pair<char const *, char const *> const rows[] = {
         {"food-amount", "support.function.fact.stratagem"},     {"train", "support.function.action.stratagem"},
-        {"GIANT-MAP", "support.constant.define.stratagem"},     {"archer", "support.constant.parameter.stratagem"},
+        {"GIANT-MAP", "constant.language.define.stratagem"},    {"archer", "constant.language.parameter.stratagem"},
         {"less-than", "keyword.operator.relational.stratagem"}, {"not-equal", "keyword.operator.relational.stratagem"}};
     for (auto const &[pszWord, scope] : rows) {
         std::string const word = pszWord;

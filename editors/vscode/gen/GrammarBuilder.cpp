@@ -132,8 +132,8 @@ std::vector<WordKind> const &WordKinds()
     static std::vector<WordKind> const kKinds = {
         {"fact", "support.function.fact.stratagem", 300, 499, AI_IsFact},
         {"action", "support.function.action.stratagem", 500, 699, AI_IsAction},
-        {"define", "support.constant.define.stratagem", 100, 299, AI_IsDefine},
-        {"parameter", "support.constant.parameter.stratagem", 1100, 3499, AI_IsParam},
+        {"define", "constant.language.define.stratagem", 100, 299, AI_IsDefine},
+        {"parameter", "constant.language.parameter.stratagem", 1100, 3499, AI_IsParam},
     };
     return kKinds;
 }
