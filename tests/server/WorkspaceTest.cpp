@@ -1,27 +1,12 @@
 // Which strategies the workspace checks again: those that read a changed
 // file, and those with a load that looks for a file that was missing.
 #include "server/Workspace.h"
+#include "../check/CheckTestSupport.h"
 #include "ServerTestSupport.h"
 
 namespace {
 
 using namespace stratagem::server;
-
-class Disk : public stratagem::SourceProvider
-{
-public:
-    std::map<std::string, std::string> files;
-    bool Read(std::string const &name, std::string &bytes, int &error) const override
-    {
-        auto found = files.find(name);
-        if (found == files.end()) {
-            error = ENOENT;
-            return false;
-        }
-        bytes = found->second;
-        return true;
-    }
-};
 
 class WorkspaceChecks : public servertest::Vocabulary
 {};
@@ -35,7 +20,7 @@ TEST_F(WorkspaceChecks, ChecksAgainWhenAFileALoadLooksForAppears)
         {{}, {"E100"}},
     };
     for (auto const &[changed, expected] : rows) {
-        Disk disk;
+        MemorySources disk;
         disk.files["/w/main.per"] = "(load \"later\")\n";
         DocumentStore documents(&disk);
         Workspace workspace(documents);
