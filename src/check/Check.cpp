@@ -215,7 +215,7 @@ public:
         if (!AI_IsConstant(nSID))
             return;
         if (m_pCache)
-            m_usedHere.push_back(nSID);
+            m_usedHere.push_back({nSID, ValueSeen(nSID)});
         Use(nSID);
         if (m_options.fileReports)
             Report().constantUses.push_back({NameOf(nSID), ToRange(whole)});
@@ -325,7 +325,8 @@ private:
         FileState *pState = pFile.get();
         m_files[name] = std::move(pFile);
         std::string environment = m_pCache ? Environment() : std::string();
-        if (m_pCache && (pState->reading = m_pCache->Find(name, bytes, environment))) {
+        auto const holds = [&](FileReading const &kept) { return StillHolds(kept, environment); };
+        if (m_pCache && (pState->reading = m_pCache->Find(name, bytes, holds))) {
             Replay(*pState);
             ++m_report.reused;
             return pState;
@@ -372,9 +373,13 @@ private:
             reading.report = Report();
             NoteRegistered(nNewConstants);
             std::sort(m_usedHere.begin(), m_usedHere.end());
-            m_usedHere.erase(std::unique(m_usedHere.begin(), m_usedHere.end()), m_usedHere.end());
-            for (unsigned int nSID : m_usedHere)
-                reading.used.push_back(NameOf(nSID));
+            m_usedHere.erase(std::unique(m_usedHere.begin(), m_usedHere.end(),
+                                         [](auto const &a, auto const &b) { return a.first == b.first; }),
+                             m_usedHere.end());
+            for (auto const &use : m_usedHere)
+                reading.used.push_back({NameOf(use.first), use.second});
+            reading.bErrors = std::any_of(reading.diagnostics.begin(), reading.diagnostics.end(),
+                                          [](Diagnostic const &d) { return d.severity == Severity::Error; });
         }
         m_pCurrent = pOuter;
     }
@@ -409,8 +414,8 @@ private:
         }
         for (auto const &definition : reading.definitions)
             Define(AI_Symbol(definition.first.c_str()), definition.second);
-        for (std::string const &name : reading.used)
-            Use(AI_Symbol(name.c_str()));
+        for (auto const &use : reading.used)
+            Use(AI_Symbol(use.first.c_str()));
         for (Diagnostic const &diagnostic : reading.diagnostics) {
             m_report.diagnostics.push_back(diagnostic);
             m_report.diagnostics.back().loadedFrom = file.chain;
@@ -419,6 +424,46 @@ private:
         report = reading.report;
         report.loadedFrom = file.chain;
         m_pCurrent = pOuter;
+    }
+
+    // The value a file read now sees for a constant: the first the current
+    // path gave it, else the one it was registered with.
+    int ValueSeen(unsigned int nSID)
+    {
+        int const nValue = m_strategy.Constant(nSID, 0);
+        return nValue != AI_NO_VALUE ? nValue : AI_Constant(nSID, 0);
+    }
+
+    // Whether reading the same bytes now would give what `kept` holds. A
+    // file without errors depends only on the constants it names: those it
+    // uses must have the values it saw, and each name it defines must be a
+    // constant already exactly when it was one then (when it was not, the
+    // file registered it). The hints of an error may name any word, so a
+    // file with errors needs every constant visible to be the same.
+    bool StillHolds(FileReading const &kept, std::string const &environment)
+    {
+        if (kept.bErrors)
+            return kept.environment == environment;
+        for (auto const &use : kept.used) {
+            if (Registers(kept, use.first))
+                continue;
+            unsigned int const nSID = AI_Symbol(use.first.c_str());
+            if (!nSID || !AI_IsConstant(nSID) || ValueSeen(nSID) != use.second)
+                return false;
+        }
+        for (auto const &definition : kept.definitions) {
+            unsigned int const nSID = AI_Symbol(definition.first.c_str());
+            bool const bConstant = nSID && AI_IsConstant(nSID);
+            if (Registers(kept, definition.first) ? nSID != 0 : !bConstant)
+                return false;
+        }
+        return true;
+    }
+
+    static bool Registers(FileReading const &reading, std::string const &name)
+    {
+        return std::any_of(reading.registered.begin(), reading.registered.end(),
+                           [&](auto const &constant) { return constant.first == name; });
     }
 
     // The constants a file read now would see: those the check registered
@@ -855,10 +900,10 @@ private:
     AI_CCheckParser m_parser;
     int m_bExpandBlocks;
     CheckCache::Entries *m_pCache;
-    std::string m_registered;                 // the constants registered so far, as Environment writes them
-    std::vector<unsigned int> m_usedHere;     // constants used by the file being read, for a cache
-    std::vector<Piece> m_pieces;              // the commands of the file being read, blocks aside
-    std::vector<DirectiveSeen> m_directives;  // ... and its directives
+    std::string m_registered;  // the constants registered so far, as Environment writes them
+    std::vector<std::pair<unsigned int, int>> m_usedHere;  // constants the file being read uses, for a cache
+    std::vector<Piece> m_pieces;                           // the commands of the file being read, blocks aside
+    std::vector<DirectiveSeen> m_directives;               // ... and its directives
     unsigned int m_nFalse = 0;
     unsigned int m_nTrue = 0;
 

@@ -44,7 +44,7 @@ struct Step
 struct FileReading
 {
     std::string bytes;        // as the source provider gave them (kept only for a cache)
-    std::string environment;  // the constants visible where it was read (likewise)
+    std::string environment;  // all the constants visible where it was read (likewise)
     ScriptText text;
     std::unique_ptr<LineMap> lines;
     std::vector<Suppression> suppressions;
@@ -55,7 +55,8 @@ struct FileReading
     FileReport report;                                         // likewise
     std::vector<std::pair<std::string, int>> registered;       // constants it registered, in order
     std::vector<std::pair<std::string, AI_Span>> definitions;  // each constant it defines, where the name is
-    std::vector<std::string> used;                             // constants its commands use
+    std::vector<std::pair<std::string, int>> used;             // constants it uses, with the values it saw
+    bool bErrors = false;                                      // hints may name any constant registered
 };
 
 struct CheckCache::Entries
@@ -86,13 +87,15 @@ struct CheckCache::Entries
         ++nCheck;
     }
 
-    std::shared_ptr<FileReading> Find(std::string const &name, std::string const &bytes, std::string const &environment)
+    // A reading of the bytes that `holds` says still holds.
+    template <class Holds>
+    std::shared_ptr<FileReading> Find(std::string const &name, std::string const &bytes, Holds holds)
     {
         auto found = files.find(name);
         if (found == files.end())
             return nullptr;
         for (Kept &kept : found->second)
-            if (kept.reading->bytes == bytes && kept.reading->environment == environment) {
+            if (kept.reading->bytes == bytes && holds(*kept.reading)) {
                 kept.nLastUsed = nCheck;
                 return kept.reading;
             }

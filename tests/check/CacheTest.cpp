@@ -106,7 +106,7 @@ TEST_F(Cache, EveryEditGivesTheReportOfACheckFromNothing)
               3},
              {"a.per", "(defconst hi 5)\n(defrule (goal hi lo) => (do-nothing))\n(defrule (true) => (do-nothing))\n",
               1},
-             {"main.per", kMovedMain, 0},
+             {"main.per", kMovedMain, 1},  // lo changes: a uses it, b does not; c has errors, so any change counts
              {"a.per", "(defrule (goal hi lo) => (do-nothing))\n", 1},
              {"b.per", kGone, 2},
              {"b.per", kB, 4},  // as it was two checks ago: that reading is still kept
@@ -114,7 +114,7 @@ TEST_F(Cache, EveryEditGivesTheReportOfACheckFromNothing)
               "\xEF\xBB\xBF; stratagem: disable=W007\r\n(defconst unused 4)\r\n(defrule (true) => (build hous))\r\n",
               3},
              {"a.per", kA, 1},
-             {"main.per", kMain, 1},  // main as it was: its reading is still kept
+             {"main.per", kMain, 2},  // main as it was: its reading is still kept
              // Lines move in the main file only: the chains to the files it
              // loads change, what those files read does not.
              {"main.per", std::string("\n") + kMain, 3},
@@ -129,6 +129,16 @@ TEST_F(Cache, EveryEditGivesTheReportOfACheckFromNothing)
               "#load-if-defined GIANT-MAP (defconst size 5) #else (defconst size 99) (load \"d\") #end-if\n", 0},
              {"main.per", "#load-if-defined GIANT-MAP (defconst size 5) #else (defconst size 3) (load \"d\") #end-if\n",
               2},
+         }},
+        // A constant a file registered is defined by a file read before it,
+        // and then no more: the file reads the same, but registers it or not.
+        {{{"main.per", "(load \"e\")\n(load \"f\")\n"},
+          {"e.per", "; nothing yet\n"},
+          {"f.per", "(defconst n 3)\n(defrule (true) => (do-nothing))\n"}},
+         {
+             {nullptr, "", 0},
+             {"e.per", "(defconst n 5)\n", 1},
+             {"e.per", "; nothing yet\n", 3},
          }},
     };
     for (Scenario const &scenario : scenarios)
