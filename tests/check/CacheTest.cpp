@@ -1,6 +1,9 @@
 // A check that takes over what earlier checks read gives the report that a
 // check from nothing gives, whatever was edited in between, and reads
 // again only the files an edit touched or could have changed.
+#include <iterator>
+#include <random>
+
 #include "CheckTestSupport.h"
 
 namespace {
@@ -157,6 +160,43 @@ TEST_F(Cache, EveryEditGivesTheReportOfACheckFromNothing)
                 EXPECT_EQ(edit.nReused, nReused) << "edit " << i;
             }
         }
+}
+
+// Random edits of a small strategy, each line drawn from pieces that
+// define, redefine and use constants, load files, open blocks and make
+// mistakes.
+TEST_F(Cache, RandomEditsGiveTheReportOfACheckFromNothing)
+{
+    char const *const pieces[] = {
+        "(defconst x 1)\n",
+        "(defconst x 50)\n",
+        "(defconst y 2)\n",
+        "(defrule (goal x 1) => (do-nothing))\n",
+        "(defrule (goal y x) => (set-goal x 1))\n",
+        "(defrule (tru) => (do-nothing))\n",
+        "(load \"a\")\n",
+        "(load \"b\")\n",
+        "(load-random 50 \"a\" \"b\")\n",
+        "#load-if-defined GIANT-MAP (defconst y 3) #else (load \"b\") #end-if\n",
+        "; a comment\n",
+    };
+    char const *const names[] = {"main.per", "a.per", "b.per"};
+    std::mt19937 random(7);
+    auto const pick = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
+    m_sources.files.clear();
+    stratagem::CheckCache cache;
+    int nReusedInAll = 0;
+    for (int i = 0; i < 300; ++i) {
+        std::string text;
+        for (int lines = pick(4); lines >= 0; --lines)
+            text += pieces[pick(static_cast<int>(std::size(pieces)))];
+        m_sources.files[names[pick(3)]] = text;
+        int nReused = 0;
+        auto const reports = Both(cache, nReused, true);
+        ASSERT_EQ(reports.second, reports.first) << "edit " << i;
+        nReusedInAll += nReused;
+    }
+    EXPECT_GT(nReusedInAll, 100);  // the edits left most files as they were
 }
 
 }  // namespace
