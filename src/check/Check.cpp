@@ -14,7 +14,9 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "../objects/AI_Objects.h"
 #include "../parser/AI_CException.h"
@@ -324,8 +326,16 @@ private:
         m_report.files.back().loadedFrom = chain;
         FileState *pState = pFile.get();
         m_files[name] = std::move(pFile);
-        std::string environment = m_pCache ? Environment() : std::string();
-        auto const holds = [&](FileReading const &kept) { return StillHolds(kept, environment); };
+        // The constants visible here, written out only for a reading with
+        // errors: the file's own registrations come after this point.
+        std::size_t const nRegistered = m_registered.size();
+        std::string environment;
+        auto const environmentHere = [&]() -> std::string const & {
+            if (environment.empty())
+                environment = Environment(nRegistered);
+            return environment;
+        };
+        auto const holds = [&](FileReading const &kept) { return StillHolds(kept, environmentHere); };
         if (m_pCache && (pState->reading = m_pCache->Find(name, bytes, holds))) {
             Replay(*pState);
             ++m_report.reused;
@@ -333,16 +343,17 @@ private:
         }
         pState->reading = std::make_shared<FileReading>();
         FileReading &reading = *pState->reading;
-        if (m_pCache) {
+        if (m_pCache)
             reading.bytes = bytes;
-            reading.environment = std::move(environment);
-        }
         reading.text = ReadTextMode(std::move(bytes));
         reading.lines.reset(new LineMap(reading.text.text));
         reading.suppressions = FindSuppressions(reading.text.text);
         Parse(*pState);
-        if (m_pCache)
+        if (m_pCache) {
+            if (reading.bErrors)
+                reading.environment = environmentHere();
             m_pCache->Keep(name, pState->reading);
+        }
         return pState;
     }
 
@@ -440,12 +451,16 @@ private:
     // constant already exactly when it was one then (when it was not, the
     // file registered it). The hints of an error may name any word, so a
     // file with errors needs every constant visible to be the same.
-    bool StillHolds(FileReading const &kept, std::string const &environment)
+    template <class Environment>
+    bool StillHolds(FileReading const &kept, Environment environment)
     {
         if (kept.bErrors)
-            return kept.environment == environment;
+            return kept.environment == environment();
+        std::unordered_set<std::string_view> registered;
+        for (auto const &constant : kept.registered)
+            registered.insert(constant.first);
         for (auto const &use : kept.used) {
-            if (Registers(kept, use.first))
+            if (registered.count(use.first))
                 continue;
             unsigned int const nSID = AI_Symbol(use.first.c_str());
             if (!nSID || !AI_IsConstant(nSID) || ValueSeen(nSID) != use.second)
@@ -454,16 +469,10 @@ private:
         for (auto const &definition : kept.definitions) {
             unsigned int const nSID = AI_Symbol(definition.first.c_str());
             bool const bConstant = nSID && AI_IsConstant(nSID);
-            if (Registers(kept, definition.first) ? nSID != 0 : !bConstant)
+            if (registered.count(definition.first) ? nSID != 0 : !bConstant)
                 return false;
         }
         return true;
-    }
-
-    static bool Registers(FileReading const &reading, std::string const &name)
-    {
-        return std::any_of(reading.registered.begin(), reading.registered.end(),
-                           [&](auto const &constant) { return constant.first == name; });
     }
 
     // The constants a file read now would see: those the check registered
@@ -472,9 +481,11 @@ private:
     {
         m_registered += name + '=' + std::to_string(nValue) + ';';
     }
-    std::string Environment()
+    // The first nRegistered bytes of m_registered are those registered
+    // before the point in question.
+    std::string Environment(std::size_t nRegistered)
     {
-        std::string environment = m_registered + '|';
+        std::string environment = m_registered.substr(0, nRegistered) + '|';
         for (unsigned int nSID : m_constantJournal)
             environment += NameOf(nSID) + '=' + std::to_string(m_strategy.Constant(nSID, 0)) + ';';
         return environment;

@@ -44,7 +44,7 @@ struct Step
 struct FileReading
 {
     std::string bytes;        // as the source provider gave them (kept only for a cache)
-    std::string environment;  // all the constants visible where it was read (likewise)
+    std::string environment;  // all the constants visible where it was read (only with errors)
     ScriptText text;
     std::unique_ptr<LineMap> lines;
     std::vector<Suppression> suppressions;
