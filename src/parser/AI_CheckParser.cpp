@@ -131,6 +131,7 @@ public:
             Token const &first = m_ring[(m_nDelivered - 2) % kRing];
             Token const &second = Last();
             if (first.nIndex > m_nRunIndex && BeginsCommand(first.nCode, second.nCode)) {
+                m_command = m_outer;  // the pair is read again; the command it cut short is the one before
                 ReportBroken(EndOfDelivered(3));
                 Restart(first, second, m_nOrphans + m_nDepthBefore);
                 return true;
@@ -219,7 +220,7 @@ private:
     void ReportBroken(int nEnd)
     {
         if (m_command.nBegin >= 0 && nEnd > m_command.nBegin)
-            m_listener.BrokenCommand(m_nCommandKeyword, {m_command.nBegin, nEnd}, m_keyword);
+            m_listener.BrokenCommand(m_command.nKeyword, {m_command.nBegin, nEnd}, m_command.keyword);
         m_command.nBegin = -1;
     }
 
@@ -269,9 +270,8 @@ private:
         if (m_nDelivered == 0)
             m_nRunBegin = token.span.nBegin;
         if (nPrevious == '(' && IsCommandKeyword(token.nCode)) {
-            m_command = {Last().span.nBegin, token.span.nEnd};
-            m_nCommandKeyword = token.nCode;
-            m_keyword = token.span;
+            m_outer = m_command;
+            m_command = {Last().span.nBegin, token.nCode, token.span};
         }
         Token &slot = m_ring[m_nDelivered++ % kRing];
         slot = token;
@@ -348,9 +348,14 @@ private:
     bool m_bInActions = false;
     AI_CCommandList *m_pTopList = nullptr;
     std::vector<AI_Span> m_arguments;
-    AI_Span m_command = {-1, -1};  // the command begun last, while it is not read whole
-    int m_nCommandKeyword = 0;
-    AI_Span m_keyword = {0, 0};
+    struct Begun
+    {
+        int nBegin = -1;  // where its "(" is; -1 once it is read whole
+        int nKeyword = 0;
+        AI_Span keyword = {0, 0};
+    };
+    Begun m_command;               // the command begun last
+    Begun m_outer;                 // the one begun before it, if not read whole by then
     Token m_scanned;               // the token scanned last
     int m_nOpening = 0;            // an opening directive waiting for its word
     AI_Span m_directive = {0, 0};  // ... and where it is

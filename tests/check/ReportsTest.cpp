@@ -48,17 +48,19 @@ TEST_F(Reports, OutlineHoldsEveryCommandWithItsRanges)
          }},
         // Commands being written stay in the outline, up to where reading goes on.
         {"(defrule (tru\n"
+         "(defrule (true) => (do-nothing)\n"
          "(defconst x 1)\n"
          "(defrule (true) => (build house\n"
          "#load-if-defined GIANT-MAP (load \"a\" #end-if\n"
          "(load-random",
          {
              kind(Kind::Rule) + "defrule [] 1:1-1:13 1:2-1:8",
-             kind(Kind::Constant) + "x [1] 2:1-2:14 2:11-2:11",
-             kind(Kind::Rule) + "defrule [] 3:1-3:31 3:2-3:8",
-             kind(Kind::Block) + "GIANT-MAP [#load-if-defined] 4:1-4:44 4:18-4:26",
-             kind(Kind::Load) + "load [] 4:28-4:36 4:29-4:32",
-             kind(Kind::LoadRandom) + "load-random [] 5:1-5:12 5:2-5:12",
+             kind(Kind::Rule) + "defrule [] 2:1-2:31 2:2-2:8",
+             kind(Kind::Constant) + "x [1] 3:1-3:14 3:11-3:11",
+             kind(Kind::Rule) + "defrule [] 4:1-4:31 4:2-4:8",
+             kind(Kind::Block) + "GIANT-MAP [#load-if-defined] 5:1-5:44 5:18-5:26",
+             kind(Kind::Load) + "load [] 5:28-5:36 5:29-5:32",
+             kind(Kind::LoadRandom) + "load-random [] 6:1-6:12 6:2-6:12",
          }},
     };
     for (auto const &[main, expected] : rows) {
