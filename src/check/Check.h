@@ -191,8 +191,10 @@ STRATAGEM_API CheckReport Check(std::string const &mainFile, CheckOptions const 
 
 // Where the objects of a parsed strategy were read from. An object's file is
 // the file whose command list (in the strategy's per-file table) holds it;
-// its range comes from the span the parser gave it, in lines and columns of
-// the file's text as read in text mode (so a CR LF file gives the lines and
+// its range runs from where the parser saw it begin to where the text ends
+// it (its token, the parenthesis that closes it, the "#end-if" of a block,
+// the last element of a list), in lines and columns of the file's text as
+// read in text mode (so a CR LF file gives the lines and
 // columns of its LF twin, which are the ones an editor shows). The files
 // are read again (through `sources`, the disk when null) the first time a
 // range in them is asked for. The index holds pointers into the strategy:

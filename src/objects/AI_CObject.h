@@ -4,11 +4,11 @@
 #define STRATAGEM_OBJECTS_AI_COBJECT_H
 
 #include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <new>
 
 #include "../platform/afx.h"
-#include "AI_SourceSpan.h"
 
 class STRATAGEM_API AI_CObject : public CObject
 {
@@ -30,16 +30,20 @@ public:
     // Writes one tab per level; nothing for a level of 0 or less.
     void Offset(std::ostream &, int) const;
 
-    // Where the object was read from in its file; AI_NO_SPAN (-1, -1) for
-    // an object built by hand. The parser sets it once, when it builds the
-    // object. Which file holds the object is its strategy's business (the
-    // file whose command list holds it), so the object keeps only offsets.
-    AI_SourceSpan GetSpan() const { return m_span; }
-    void SetSpan(AI_SourceSpan span) { m_span = span; }
-    bool HasSpan() const { return m_span.nBegin >= 0; }
+    // Where the object begins in its file: a byte offset into the text as
+    // read in text mode; -1 for an object built by hand. The parser sets it
+    // once, when it builds the object. Where the object ends follows from
+    // the text (the token, the parenthesis that closes it, the "#end-if"
+    // that closes a block; a list ends with its last element), so the
+    // object keeps only this: four bytes, which fit beside the first field
+    // of the classes derived from it. Which file holds the object is its
+    // strategy's business (the file whose command list holds it).
+    int GetBegin() const { return m_nBegin; }
+    void SetBegin(int nBegin) { m_nBegin = nBegin; }
+    bool HasBegin() const { return m_nBegin >= 0; }
 
 private:
-    AI_SourceSpan m_span = AI_NO_SPAN;
+    std::int32_t m_nBegin = -1;
 };
 
 #endif

@@ -439,11 +439,11 @@ AI_CCommandList *AI_CCheckParser::ParseText(char const *pszFilename, char const 
         throw;
     }
     restore();
-    // The runs' lists are gone; the file's list runs from its first command
-    // to its last, as a plain parse's does.
+    // The runs' lists are gone; the file's list begins with its first
+    // command, as a plain parse's does.
     CTypedPtrList<CObList, AI_CCommand *> const &commands = pAll->GetCommands();
     if (!commands.IsEmpty())
-        pAll->SetSpan({commands.GetHead()->GetSpan().nBegin, commands.GetTail()->GetSpan().nEnd});
+        pAll->SetBegin(commands.GetHead()->GetBegin());
     m_pStrategy->AddCommandList(pszFilename, pAll);
     return pAll;
 }

@@ -25,7 +25,6 @@ AI_CCommandList *AI_CParser::command_list(AI_CCommand *pCommand)
 
 AI_CCommandList *AI_CParser::command_list(AI_CCommandList *pCommands, AI_CCommand *pCommand)
 {
-    pCommands->SetSpan({pCommands->GetSpan().nBegin, pCommand->GetSpan().nEnd});
     AddCommand(pCommands, pCommand);
     return pCommands;
 }

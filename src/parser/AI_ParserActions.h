@@ -17,28 +17,27 @@
 // remembers the object instead, so that its cleanup frees the object, and
 // through it its parts, whatever happens next. Forgetting cannot fail;
 // remembering frees the object when there is no room for it. Every script
-// object is handed out here, so here it learns where it was read from: the
-// production being reduced.
+// object is handed out here, so here it learns where it begins: where the
+// production being reduced begins.
 template <class T, class... Owned>
 T *AI_CParser::Keep(T *pObject, Owned *...pOwned)
 {
     if constexpr (std::is_base_of<AI_CObject, T>::value)
-        pObject->SetSpan(AI_spanProduction);
+        pObject->SetBegin(AI_spanProduction.nBegin);
     (Forget(pOwned), ...);
     Remember(pObject);
     return pObject;
 }
 
-// A list runs from its first element to its last, whatever empty
-// production it grew from.
+// A list begins with its first element, whatever empty production it grew
+// from.
 template <class List, class Element>
 List *AI_CParser::Append(List *pList, Element *pElement)
 {
-    AI_Span const element = pElement->GetSpan();
-    AI_Span const whole = {pList ? pList->GetSpan().nBegin : element.nBegin, element.nEnd};
-    if (!pList)
+    if (!pList) {
         pList = Keep(AI_New<List>());
-    pList->SetSpan(whole);
+        pList->SetBegin(pElement->GetBegin());
+    }
     pList->Add(pElement);
     Forget(pElement);
     return pList;

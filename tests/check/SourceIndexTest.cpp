@@ -123,13 +123,13 @@ TEST_F(SourceIndexTest, ObjectsOfNoScriptAreNowhere)
     AI_CStrategy strategy("ranges", "missing.per", DefaultSettings());
     stratagem::SourceIndex const index(strategy);
     AI_CObject handMade;
-    handMade.SetSpan({0, 4});  // a span without a file
+    handMade.SetBegin(0);  // a place without a file
     for (AI_CObject const *pObject : std::vector<AI_CObject const *> {&handMade, nullptr}) {
         stratagem::SourceLocation location = index.RangeOf(pObject);
         EXPECT_EQ("", location.file);
         EXPECT_EQ("0:0-0:0", At(location.range));
     }
-    EXPECT_FALSE(AI_CObject().HasSpan());
+    EXPECT_FALSE(AI_CObject().HasBegin());
     EXPECT_EQ("0:0-0:0", At(index.RangeOf("missing.per", {0, 4})));
 }
 
