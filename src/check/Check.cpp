@@ -407,8 +407,9 @@ private:
         std::sort(registered.begin(), registered.end());
         registered.erase(std::unique(registered.begin(), registered.end()), registered.end());
         for (auto const &constant : registered) {
-            m_pCurrent->reading->registered.push_back({constant.second, AI_Constant(constant.first, 0)});
-            NoteEnvironment(constant.second, AI_Constant(constant.first, 0));
+            int const nValue = AI_Constant(constant.first, 0);
+            m_pCurrent->reading->registered.push_back({constant.second, nValue});
+            NoteEnvironment(constant.second, nValue);
         }
     }
 

@@ -11,7 +11,6 @@
 #include "../objects/AI_Objects.h"
 #include "../parser/AI_CheckParser.h"
 #include "../strategy/AI_CStrategy.h"
-#include "AI_Grammar.tab.h"
 #include "Check.h"
 #include "CheckText.h"
 
@@ -59,10 +58,8 @@ struct ScannedFile
             int const nBefore = k > i ? tokens[k - 1].first : 0;
             if (nOpen == '(')
                 nDepth += nCode == '(' ? 1 : nCode == ')' ? -1 : 0;
-            else if (nBefore == '#')
-                nDepth += nCode == TOK_D_LOAD_IF_DEFINED || nCode == TOK_D_LOAD_IF_NOT_DEFINED ? 1
-                    : nCode == TOK_D_END_IF                                                    ? -1
-                                                                                               : 0;
+            else
+                nDepth += AI_CCheckParser::DepthChange(nBefore, nCode);
             if (nDepth == 0 && k > i)
                 return tokens[k].second.nEnd;
         }

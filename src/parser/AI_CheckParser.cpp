@@ -44,8 +44,9 @@ bool ClosesBlock(int nFirst, int nSecond)
     return nFirst == '#' && (nSecond == TOK_D_ELSE || nSecond == TOK_D_END_IF);
 }
 
-// How a pair of tokens changes the nesting of blocks.
-int DepthChange(int nFirst, int nSecond)
+}  // namespace
+
+int AI_CCheckParser::DepthChange(int nFirst, int nSecond)
 {
     if (nFirst != '#')
         return 0;
@@ -53,8 +54,6 @@ int DepthChange(int nFirst, int nSecond)
         return 1;
     return nSecond == TOK_D_END_IF ? -1 : 0;
 }
-
-}  // namespace
 
 // Feeds the grammar one token at a time, raising what the scanner would
 // have raised at the moment the grammar asks for the token, and finds the

@@ -56,6 +56,10 @@ public:
     template <class Callback>
     static void ScanText(char const *pText, std::size_t nLength, Callback callback);
 
+    // How a pair of consecutive tokens changes the nesting of blocks: +1
+    // for "#" and an opening directive, -1 for "#" and "#end-if", else 0.
+    static int DepthChange(int nFirst, int nSecond);
+
 private:
     class Feed;
     friend class Feed;
