@@ -139,7 +139,9 @@ private:
 
     void Grow()
     {
-        int nCapacity = Capacity() * 2;
+        // Half as much again: a fact's three arguments then take an array
+        // of three, the smallest block the C library hands out, not four.
+        int nCapacity = Capacity() + Capacity() / 2;
         ELEMENT *pSlots = new (std::nothrow) ELEMENT[nCapacity];
         if (!pSlots)
             AfxThrowMemoryException();

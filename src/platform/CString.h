@@ -70,36 +70,11 @@ private:
     }
 };
 
-inline CString operator+(CString const &a, CString const &b)
-{
-    CString r(a);
-    r += b;
-    return r;
-}
-inline CString operator+(CString const &a, LPCTSTR b)
-{
-    CString r(a);
-    r += b;
-    return r;
-}
-inline CString operator+(LPCTSTR a, CString const &b)
-{
-    CString r(a);
-    r += b;
-    return r;
-}
-inline CString operator+(CString const &a, char b)
-{
-    CString r(a);
-    r += b;
-    return r;
-}
-inline CString operator+(char a, CString const &b)
-{
-    CString r(a);
-    r += b;
-    return r;
-}
+inline CString operator+(CString a, CString const &b) { return a += b; }
+inline CString operator+(CString a, LPCTSTR b) { return a += b; }
+inline CString operator+(LPCTSTR a, CString const &b) { return CString(a) += b; }
+inline CString operator+(CString a, char b) { return a += b; }
+inline CString operator+(char a, CString const &b) { return CString(a) += b; }
 
 inline bool operator==(CString const &a, CString const &b) { return a.str() == b.str(); }
 inline bool operator==(CString const &a, LPCTSTR b) { return a.Compare(b) == 0; }
