@@ -4,6 +4,7 @@
 #define STRATAGEM_PLATFORM_CSTRING_H
 
 #include <string>
+#include <utility>
 
 #include "export.h"
 #include "memory.h"
@@ -70,11 +71,13 @@ private:
     }
 };
 
-inline CString operator+(CString a, CString const &b) { return a += b; }
-inline CString operator+(CString a, LPCTSTR b) { return a += b; }
-inline CString operator+(LPCTSTR a, CString const &b) { return CString(a) += b; }
-inline CString operator+(CString a, char b) { return a += b; }
-inline CString operator+(char a, CString const &b) { return CString(a) += b; }
+// The left operand is taken by value and moved out when it is returned
+// (+= answers a reference, which would be copied).
+inline CString operator+(CString a, CString const &b) { return std::move(a += b); }
+inline CString operator+(CString a, LPCTSTR b) { return std::move(a += b); }
+inline CString operator+(LPCTSTR a, CString const &b) { return CString(a) + b; }
+inline CString operator+(CString a, char b) { return std::move(a += b); }
+inline CString operator+(char a, CString const &b) { return CString(a) + b; }
 
 inline bool operator==(CString const &a, CString const &b) { return a.str() == b.str(); }
 inline bool operator==(CString const &a, LPCTSTR b) { return a.Compare(b) == 0; }
